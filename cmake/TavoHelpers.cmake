@@ -1,0 +1,63 @@
+# Helpers shared by the library, test and benchmark folders.
+
+# tavo_add_library(NAME EXPORT_DEFINE FOLDERS...)
+# A shared library made of every .cpp/.h/.qrc found in the given folders (not recursive).
+# Headers are installed below include/TavoLib/<folder>, so that a host writes the same
+# includes as the library itself: #include "core/Property.h".
+function(tavo_add_library name export_define)
+    set(sources)
+    foreach(folder IN LISTS ARGN)
+        file(GLOB found CONFIGURE_DEPENDS
+            ${PROJECT_SOURCE_DIR}/${folder}/*.cpp
+            ${PROJECT_SOURCE_DIR}/${folder}/*.h
+            ${PROJECT_SOURCE_DIR}/${folder}/*.qrc)
+        list(APPEND sources ${found})
+        install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${folder}
+            FILES_MATCHING PATTERN "*.h" PATTERN "res" EXCLUDE PATTERN "units" EXCLUDE)
+    endforeach()
+    add_library(${name} SHARED ${sources})
+    add_library(TavoLib::${name} ALIAS ${name})
+    target_compile_definitions(${name} PRIVATE ${export_define})
+    target_include_directories(${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/TavoLib>)
+    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    install(TARGETS ${name} EXPORT TavoLibTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endfunction()
+
+# tavo_add_test_suite(FOLDER [DPI dpi...] [LIBS libs...])
+# One QtTest executable per test folder, built from every .cpp in it. Each source file
+# holds one test class named after the file and registered with TAVO_TEST(...); every class
+# gets its own ctest entry "<folder>/<class>", run on the offscreen platform at 96 dpi.
+# DPI adds further entries of the same classes at other logical densities.
+function(tavo_add_test_suite folder)
+    cmake_parse_arguments(ARG "" "" "DPI;LIBS" ${ARGN})
+    string(REPLACE "/" "_" target "tst_${folder}")
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+        ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+    add_executable(${target} ${sources})
+    target_link_libraries(${target} PRIVATE TavoTestSupport Qt5::Test ${ARG_LIBS})
+    set(classes)
+    foreach(src IN LISTS sources)
+        if(src MATCHES "\\.cpp$")
+            get_filename_component(cls ${src} NAME_WE)
+            list(APPEND classes ${cls})
+        endif()
+    endforeach()
+    foreach(cls IN LISTS classes)
+        add_test(NAME ${folder}/${cls} COMMAND ${target})
+        set_tests_properties(${folder}/${cls} PROPERTIES
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96;TAVO_TEST_CLASS=${cls}"
+            TIMEOUT 300)
+        foreach(dpi IN LISTS ARG_DPI)
+            add_test(NAME ${folder}/${cls}@${dpi} COMMAND ${target})
+            set_tests_properties(${folder}/${cls}@${dpi} PROPERTIES
+                ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=${dpi};TAVO_TEST_CLASS=${cls}"
+                TIMEOUT 300)
+        endforeach()
+    endforeach()
+endfunction()

@@ -1,0 +1,37 @@
+#include "core/ActivatableGroupProperty.h"
+
+namespace TavoLib {
+
+ActivatableGroupProperty::ActivatableGroupProperty(const QString &uniqueName,
+                                                   const QString &visibleName,
+                                                   const PropertyDictionary &children, bool active)
+    : GroupProperty(uniqueName, visibleName, children), mActive(active)
+{
+}
+
+TAutoPtr<Property> ActivatableGroupProperty::clone() const
+{
+    return new ActivatableGroupProperty(*this);
+}
+
+void ActivatableGroupProperty::copyValueFrom(const Property &other)
+{
+    GroupProperty::copyValueFrom(other);
+    if (auto *o = dynamic_cast<const ActivatableGroupProperty *>(&other))
+        mActive = o->mActive;
+}
+
+QString ActivatableGroupProperty::valueString() const
+{
+    return (mActive ? QStringLiteral("on") : QStringLiteral("off")) + GroupProperty::valueString();
+}
+
+void ActivatableGroupProperty::intersectValue(const Property &other)
+{
+    auto *o = dynamic_cast<const ActivatableGroupProperty *>(&other);
+    if (!o || o->mActive != mActive)
+        setUndefined(true);
+    GroupProperty::intersectValue(other);
+}
+
+} // namespace TavoLib

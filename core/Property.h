@@ -1,0 +1,97 @@
+#pragma once
+
+// Property is one typed, editable value of an object: the unit the whole library edits.
+// A property has a stable uniqueName (its row identity across reloads), an untranslated
+// visibleName, and a defined or undefined state. Undefined means that no value can be shown:
+// nothing was set, or several edited objects differ. Kinds derive from Property and are told
+// apart by a checked cast: TAutoPtr<IntegerProperty>(property) is null for other kinds.
+//
+// toString() is the canonical text of the value: two properties of one kind have equal texts
+// exactly when their defined states and values are equal, and a group's text covers its
+// children in order. valueText() is the display form.
+#include "core/StreamableObject.h"
+
+#include <QIcon>
+#include <QMetaType>
+#include <QString>
+
+namespace TavoLib {
+
+class TAVOLIBCORE_EXPORT Property : public StreamableObject
+{
+public:
+    using Ptr = TAutoPtr<Property>;
+    using ConstPtr = TAutoPtr<Property const>;
+
+    Property(const QString &uniqueName, const QString &visibleName);
+    Property(const Property &other);
+    ~Property() override;
+
+    QString uniqueName() const { return mUniqueName; }
+    void setUniqueName(const QString &name) { mUniqueName = name; }
+    QString visibleName() const { return mVisibleName; }
+    void setVisibleName(const QString &name) { mVisibleName = name; }
+
+    QString toString() const;
+
+    QIcon icon() const { return mIcon; }
+    void setIcon(const QIcon &icon) { mIcon = icon; }
+    bool allowColorizeIcon() const { return mAllowColorizeIcon; }
+    void setAllowColorizeIcon(bool allow) { mAllowColorizeIcon = allow; }
+
+    bool isDefined() const { return !mUndefined; }
+    bool isUndefined() const { return mUndefined; }
+    bool isUndefinable() const { return mUndefinable; }
+    void setUndefinable(bool undefinable) { mUndefinable = undefinable; }
+    bool readOnly() const { return mReadOnly; }
+    void setReadOnly(bool readOnly) { mReadOnly = readOnly; }
+
+    // Merges `other` into this property for a multiple selection: what agrees stays, what
+    // differs becomes undefined. A null `other`, or one of another kind, makes this undefined.
+    void intersect(TAutoPtr<Property const> other);
+
+    // The kind's name, as used by saved documents and diagnostics ("Integer", "Group", ...).
+    virtual const char *kindName() const;
+
+protected:
+    // The canonical text of the value alone, without the defined state.
+    virtual QString valueString() const;
+    // Whether the value is still part of toString() while undefined (groups and lists are,
+    // so that a change below an undefined parent is still seen).
+    virtual bool valueCountsWhenUndefined() const;
+    // Merges a property of the same kind; the default compares valueString().
+    virtual void intersectValue(const Property &other);
+
+    // Quotes a piece of canonical text so that texts of different structure never collide.
+    static QString quoted(const QString &text);
+
+public:
+    // The virtual operations the editors rely on, in this order.
+    virtual void setUndefined(bool undefined);
+    virtual QString valueText() const;
+    virtual QString iconName() const;
+    virtual TAutoPtr<Property> clone() const;
+    virtual void copyValueFrom(const Property &other);
+
+    void setIconName(const QString &name) { mIconName = name; }
+
+private:
+    Property &operator=(const Property &) = delete;
+
+    QString mUniqueName;
+    QString mVisibleName;
+    QString mIconName;
+    QIcon mIcon;
+    bool mUndefined = false;
+    bool mUndefinable = false;
+    bool mReadOnly = false;
+    bool mAllowColorizeIcon = true;
+};
+
+// Registers Property::Ptr with the meta-type system under its written name, so that it
+// travels through queued connections. Done once at load; calling it again is harmless.
+TAVOLIBCORE_EXPORT int registerPropertyMetaType();
+
+} // namespace TavoLib
+
+Q_DECLARE_METATYPE(TavoLib::Property::Ptr)

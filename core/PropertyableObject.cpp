@@ -1,0 +1,3 @@
+#include "core/PropertyableObject.h"
+
+TavoLib::PropertyableObject::~PropertyableObject() = default;

@@ -1,0 +1,3 @@
+#include "core/StreamableObject.h"
+
+TavoLib::StreamableObject::~StreamableObject() = default;

@@ -1,0 +1,116 @@
+#!/usr/bin/env bash
+# The project's commands. Each one installs the Debian packages it needs (when missing),
+# configures, builds incrementally and runs.
+#
+#   ./run.sh gallery [--screenshot DIR]   build and start the gallery (PNG per page without a display)
+#   ./run.sh test                          build and run the suite, then again under ASan+UBSan
+#   ./run.sh test --quick                  the suite without the sanitizer build
+#   ./run.sh bench                         build and run the benchmarks, one table
+#   ./run.sh fuzz SECONDS                  build and run the libFuzzer targets (clang)
+set -euo pipefail
+cd "$(dirname "$0")"
+root=$(pwd)
+
+base_packages=(cmake ninja-build ccache g++ pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
+               qt5-image-formats-plugins libfontconfig-dev
+               fonts-dejavu-core fonts-noto-core fonts-noto-mono fonts-liberation2 fonts-urw-base35)
+bench_packages=(libbenchmark-dev libmuparser-dev)
+fuzz_packages=(clang)
+
+ensure_packages() {
+    local missing=()
+    for p in "$@"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+    done
+    if [ ${#missing[@]} -gt 0 ]; then
+        echo "run.sh: installing ${missing[*]}"
+        local sudo=""
+        [ "$(id -u)" -ne 0 ] && sudo=sudo
+        $sudo apt-get update -qq
+        DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    fi
+}
+
+jobs=$(nproc 2>/dev/null || echo 2)
+export CCACHE_DIR=${CCACHE_DIR:-$HOME/.cache/ccache}
+
+# configure DIR [cmake args...]: configures once; later runs only rebuild.
+configure() {
+    local dir=$1; shift
+    if [ ! -f "$dir/build.ninja" ]; then
+        cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >/dev/null
+    else
+        cmake "$dir" "$@" >/dev/null
+    fi
+}
+
+build() {
+    local dir=$1; shift
+    cmake --build "$dir" -j "$jobs" "$@"
+}
+
+run_ctest() {
+    local dir=$1
+    (cd "$dir" && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$jobs" --timeout 600)
+}
+
+cmd=${1:-help}
+[ $# -gt 0 ] && shift
+
+case "$cmd" in
+gallery)
+    ensure_packages "${base_packages[@]}"
+    configure build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVO_BUILD_TESTS=ON -DTAVO_BUILD_GALLERY=ON
+    build build --target gallery
+    exec ./build/apps/gallery/gallery "$@"
+    ;;
+test)
+    ensure_packages "${base_packages[@]}"
+    quick=0
+    [ "${1:-}" = "--quick" ] && quick=1
+    configure build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVO_BUILD_TESTS=ON -DTAVO_BUILD_GALLERY=ON
+    build build
+    run_ctest build
+    if [ $quick -eq 0 ]; then
+        echo "run.sh: the suite again under AddressSanitizer and UndefinedBehaviorSanitizer"
+        configure build-asan -DCMAKE_BUILD_TYPE=Debug -DTAVO_SANITIZE=ON -DTAVO_BUILD_TESTS=ON \
+            -DTAVO_BUILD_GALLERY=OFF -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g"
+        build build-asan
+        export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:halt_on_error=1:detect_odr_violation=0
+        export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
+        export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+        run_ctest build-asan
+    fi
+    ;;
+bench)
+    ensure_packages "${base_packages[@]}" "${bench_packages[@]}"
+    configure build-bench -DCMAKE_BUILD_TYPE=Release -DTAVO_BUILD_TESTS=OFF -DTAVO_BUILD_GALLERY=OFF \
+        -DTAVO_BUILD_BENCH=ON
+    build build-bench
+    export QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96
+    for b in build-bench/bench/bench_*; do
+        [ -x "$b" ] || continue
+        echo "== $(basename "$b")"
+        "$b" --benchmark_counters_tabular=true "$@"
+    done
+    ;;
+fuzz)
+    ensure_packages "${base_packages[@]}" "${fuzz_packages[@]}"
+    seconds=${1:-60}
+    configure build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+        -DTAVO_BUILD_TESTS=OFF -DTAVO_BUILD_GALLERY=OFF -DTAVO_BUILD_FUZZ=ON
+    build build-fuzz
+    for f in build-fuzz/fuzz/fuzz_*; do
+        [ -x "$f" ] || continue
+        name=$(basename "$f")
+        corpus=fuzz/corpus-run/$name
+        mkdir -p "$corpus"
+        echo "== $name for ${seconds}s"
+        "$f" -max_total_time="$seconds" -timeout=10 "$corpus" "fuzz/corpus/${name#fuzz_}"
+    done
+    ;;
+*)
+    sed -n '2,10p' "$0" | sed 's/^# \{0,1\}//'
+    [ "$cmd" = help ] || exit 2
+    ;;
+esac

@@ -1,0 +1,2 @@
+// The widget library: its resources are registered when it is loaded.
+#include "style/TavoLibGuiExport.h"
