@@ -1,8 +1,9 @@
 #pragma once
 
 // CUnit wraps one four-character unit code (Latin-1, first character in the most significant
-// byte, blank-padded). Units of one class convert into each other; lengths share one class
-// and measure in millimetres, the world unit of GetConversion.
+// byte, blank-padded). Units of one class convert into each other: all lengths share one
+// class and measure in millimetres, the world unit of GetConversion; the other classes are
+// per cent, relative per cent, the em square, angle, screen ruling, resolution and "no unit".
 #include "core/units/OmaLibExport.h"
 
 #include <QString>
@@ -14,20 +15,20 @@ public:
     enum Code : unsigned int {
         No = 0x20202020u,
         Meter = 0x6D657472u,
-        DP = 0x64702020u,
+        DP = 0x64702020u, // decipoint, a tenth of a point
         MM = 0x6D6D2020u,
         Inch = 0x22202020u,
-        Cicero = 0x63696365u,
-        PT = 0x70742020u,
-        PDidot = 0x64642020u,
-        DecInch = 0x647A2020u,
+        Cicero = 0x63696365u, // 12 Didot points
+        PT = 0x70742020u, // the DTP point, 1/72 inch
+        PDidot = 0x64642020u, // the Didot point, 0.376065 mm
+        DecInch = 0x647A2020u, // decimal inch: an inch, divided in tenths
         CM = 0x636D2020u,
-        Pica = 0x70696361u,
-        Q = 0x71202020u,
+        Pica = 0x70696361u, // 12 points
+        Q = 0x71202020u, // a quarter millimetre
         RelativePercent = 0x72656C25u,
         Percent = 0x25202020u,
-        Geviert = 0x67202020u,
-        Angle = 0xB0202020u,
+        Geviert = 0x67202020u, // the em square
+        Angle = 0xB0202020u, // degrees
         LPI = 0x6C70696Eu,
         LPC = 0x6C70636Du,
         DPI = 0x70706920u,
@@ -46,9 +47,10 @@ public:
         ClassResolution = 8,
     };
 
-    CUnit(unsigned int code = No) : mCode(code) {}
+    CUnit(unsigned int code = No) : mCode(code) { }
 
     unsigned int GetUnitID() const { return mCode; }
+    // The unit's class; ClassUnknown for a code that is not in the table.
     unsigned int GetClassID() const;
     // World units per one of this unit: millimetres for lengths, the class's base unit
     // otherwise (per cent, em, degree, lines per centimetre, pixels per inch). 0 if unknown.
@@ -57,8 +59,13 @@ public:
 
     // The symbol written after a number, as Latin-1 text ("mm", "pt", "\"", "°", ...).
     QString symbol() const;
-    // The code whose written symbol is `symbol` (case-insensitive), or 0 when none is.
+    // The same symbol as Latin-1 bytes; empty for UnitNo and unknown codes.
+    const char *latin1Symbol() const;
+    // The code written as `symbol` (case-insensitive; the printed symbols and a few longer
+    // forms such as "in", "pc", "deg", "dpi"), or 0 when none is.
     static unsigned int codeForSymbol(const QString &symbol);
+    // The same over Latin-1 bytes, for the parser.
+    static unsigned int codeForSymbol(const char *symbol, int length);
     // Every known code, in the order of Ta_UnitEdit::UnitType.
     static const unsigned int *allCodes(int *count);
 
