@@ -1,0 +1,29 @@
+#pragma once
+
+// The shapes of the sample document: which properties each object type and attribute key
+// has, with their ranges, items, presets and defaults. Together they give a property of every
+// kind, at several depths.
+#include "core/AttributeKey.h"
+#include "core/PropertyDictionary.h"
+#include "core/StylesheetManager.h"
+
+#include <QList>
+#include <QStringList>
+
+namespace Sample {
+
+namespace SampleSchema {
+
+QStringList objectTypes();
+TavoLib::PropertyDictionary objectSchema(const QString &type,
+                                         TAutoPtr<TavoLib::StylesheetManager const> stylesheets);
+QList<TavoLib::AttributeKey> attributeKeys(const QString &type);
+QList<TavoLib::AttributeKey> allAttributeKeys();
+TavoLib::PropertyDictionary attributeSchema(const TavoLib::AttributeKey &key);
+
+// The stylesheets of the sample document: several types, display texts and parents.
+TAutoPtr<TavoLib::StylesheetManager> makeStylesheets();
+
+} // namespace SampleSchema
+
+} // namespace Sample
