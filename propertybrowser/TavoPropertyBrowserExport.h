@@ -1,7 +1,7 @@
 #pragma once
 
-// Symbol visibility of TavoPropertyBrowser: the library builds with hidden visibility, and the classes
-// marked TAVOPROPERTYBROWSER_EXPORT form its public interface.
+// Symbol visibility of TavoPropertyBrowser: the library builds with hidden visibility, and the
+// classes marked TAVOPROPERTYBROWSER_EXPORT form its public interface.
 #include <QtCore/qglobal.h>
 
 #if defined(TAVOPROPERTYBROWSER_BUILD)

@@ -1,0 +1,3 @@
+#include "propertybrowser/QtAbstractEditorFactoryBase.h"
+
+QtAbstractEditorFactoryBase::QtAbstractEditorFactoryBase(QObject *parent) : QObject(parent) { }

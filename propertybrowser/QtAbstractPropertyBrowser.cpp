@@ -1,0 +1,340 @@
+#include "propertybrowser/QtAbstractPropertyBrowser.h"
+
+#include "propertybrowser/QtAbstractEditorFactoryBase.h"
+#include "propertybrowser/QtAbstractPropertyManager.h"
+#include "propertybrowser/QtBrowserItem.h"
+#include "propertybrowser/QtProperty.h"
+
+#include <QHash>
+#include <QPointer>
+#include <vector>
+
+namespace {
+
+// The position of an item among its siblings. Searched from both ends at once, since items
+// are mostly appended and taken away at the front or the back.
+int indexIn(const QList<QtBrowserItem *> &list, const QtBrowserItem *item)
+{
+    for (int front = 0, back = list.size() - 1; front <= back; ++front, --back) {
+        if (list.at(front) == item)
+            return front;
+        if (list.at(back) == item)
+            return back;
+    }
+    return -1;
+}
+
+} // namespace
+
+// The item tree of a browser and its connections to managers and factories. Items are found
+// by property through a hash, so each structural change costs only the items it touches.
+class QtAbstractPropertyBrowserPrivate
+{
+public:
+    explicit QtAbstractPropertyBrowserPrivate(QtAbstractPropertyBrowser *browser) : q(browser) { }
+
+    QtBrowserItem *insertTree(QtProperty *property, QtBrowserItem *parent, QtBrowserItem *after);
+    void removeTree(QtBrowserItem *item);
+    void watchManager(QtAbstractPropertyManager *manager);
+    void managerGone(QtAbstractPropertyManager *manager);
+
+    void propertyInserted(QtProperty *property, QtProperty *parent, QtProperty *after);
+    void propertyRemoved(QtProperty *property, QtProperty *parent);
+    void propertyChanged(QtProperty *property);
+    void propertyDestroyed(QtProperty *property);
+
+    QList<QtBrowserItem *> &siblingsOf(QtBrowserItem *item)
+    {
+        return item->mParent ? item->mParent->mChildren : mTopLevelItems;
+    }
+
+    // The item of the property at the top level, or null.
+    QtBrowserItem *topLevelItem(QtProperty *property) const
+    {
+        const auto found = mPropertyToItems.constFind(property);
+        if (found != mPropertyToItems.constEnd()) {
+            for (QtBrowserItem *item : *found) {
+                if (!item->mParent)
+                    return item;
+            }
+        }
+        return nullptr;
+    }
+
+    QtAbstractPropertyBrowser *q;
+    QList<QtBrowserItem *> mTopLevelItems;
+    QHash<QtProperty *, QList<QtBrowserItem *>> mPropertyToItems;
+    QHash<QtAbstractPropertyManager *, QPointer<QtAbstractEditorFactoryBase>> mFactories;
+    QList<QtAbstractPropertyManager *> mManagers;
+    QtBrowserItem *mCurrentItem = nullptr;
+};
+
+QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
+    QtProperty *property, QtBrowserItem *parent, QtBrowserItem *after)
+{
+    // Depth first and without recursion, so that a deep tree cannot exhaust the stack. Each
+    // item is announced before its children; the children are appended in order.
+    struct Pending
+    {
+        QtProperty *property;
+        QtBrowserItem *parent;
+    };
+    QtBrowserItem *root = nullptr;
+    std::vector<Pending> pending { { property, parent } };
+    bool first = true;
+    while (!pending.empty()) {
+        const Pending next = pending.back();
+        pending.pop_back();
+
+        QList<QtBrowserItem *> &siblings = next.parent ? next.parent->mChildren : mTopLevelItems;
+        QtBrowserItem *previous = nullptr;
+        int position = siblings.size();
+        if (first) {
+            position = 0;
+            if (after) {
+                const int index = indexIn(siblings, after);
+                position = index < 0 ? siblings.size() : index + 1;
+            }
+        }
+        if (position > 0)
+            previous = siblings.at(position - 1);
+
+        auto *item = new QtBrowserItem(q, next.property, next.parent);
+        siblings.insert(position, item);
+        mPropertyToItems[next.property].append(item);
+        watchManager(next.property->propertyManager());
+        if (first) {
+            root = item;
+            first = false;
+        }
+
+        // Taken before the call, so that children a subclass adds meanwhile are not made twice.
+        const QList<QtProperty *> children = next.property->subProperties();
+        for (auto it = children.crbegin(); it != children.crend(); ++it)
+            pending.push_back({ *it, item });
+        q->itemInserted(item, previous);
+    }
+    return root;
+}
+
+void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item)
+{
+    // Post order without recursion: children first, in their order, each while it still
+    // stands among its siblings.
+    struct Pending
+    {
+        QtBrowserItem *item;
+        bool expanded;
+    };
+    std::vector<Pending> pending { { item, false } };
+    while (!pending.empty()) {
+        Pending &top = pending.back();
+        if (!top.expanded) {
+            top.expanded = true;
+            const QList<QtBrowserItem *> children = top.item->mChildren;
+            for (auto it = children.crbegin(); it != children.crend(); ++it)
+                pending.push_back({ *it, false });
+            continue;
+        }
+        QtBrowserItem *done = top.item;
+        pending.pop_back();
+
+        if (mCurrentItem == done) {
+            mCurrentItem = nullptr;
+            emit q->currentItemChanged(nullptr);
+        }
+        q->itemRemoved(done);
+
+        QList<QtBrowserItem *> &siblings = siblingsOf(done);
+        const int index = indexIn(siblings, done);
+        if (index >= 0)
+            siblings.removeAt(index);
+        auto found = mPropertyToItems.find(done->mProperty);
+        if (found != mPropertyToItems.end()) {
+            found->removeOne(done);
+            if (found->isEmpty())
+                mPropertyToItems.erase(found);
+        }
+        delete done;
+    }
+}
+
+void QtAbstractPropertyBrowserPrivate::watchManager(QtAbstractPropertyManager *manager)
+{
+    if (!manager || mManagers.contains(manager))
+        return;
+    mManagers.append(manager);
+    QObject::connect(manager, &QtAbstractPropertyManager::propertyInserted, q,
+        [this](QtProperty *property, QtProperty *parent, QtProperty *after) {
+            propertyInserted(property, parent, after);
+        });
+    QObject::connect(manager, &QtAbstractPropertyManager::propertyRemoved, q,
+        [this](QtProperty *property, QtProperty *parent) { propertyRemoved(property, parent); });
+    QObject::connect(manager, &QtAbstractPropertyManager::propertyChanged, q,
+        [this](QtProperty *property) { propertyChanged(property); });
+    QObject::connect(manager, &QtAbstractPropertyManager::propertyDestroyed, q,
+        [this](QtProperty *property) { propertyDestroyed(property); });
+    // The pointer is only compared once the manager is going, never used.
+    QObject::connect(manager, &QObject::destroyed, q, [this, manager] { managerGone(manager); });
+}
+
+void QtAbstractPropertyBrowserPrivate::managerGone(QtAbstractPropertyManager *manager)
+{
+    mManagers.removeOne(manager);
+    mFactories.remove(manager);
+}
+
+void QtAbstractPropertyBrowserPrivate::propertyInserted(
+    QtProperty *property, QtProperty *parent, QtProperty *after)
+{
+    if (!parent)
+        return;
+    const auto parentItems = mPropertyToItems.value(parent);
+    for (QtBrowserItem *parentItem : parentItems) {
+        QtBrowserItem *afterItem = nullptr;
+        if (after) {
+            // The sibling's item under this parent item; searched from the end, where an
+            // appended child finds it at once.
+            const QList<QtBrowserItem *> &children = parentItem->mChildren;
+            for (int i = children.size() - 1; i >= 0; --i) {
+                if (children.at(i)->mProperty == after) {
+                    afterItem = children.at(i);
+                    break;
+                }
+            }
+            if (!afterItem && !children.isEmpty())
+                afterItem = children.last();
+        }
+        insertTree(property, parentItem, afterItem);
+    }
+}
+
+void QtAbstractPropertyBrowserPrivate::propertyRemoved(QtProperty *property, QtProperty *parent)
+{
+    const auto items = mPropertyToItems.value(property);
+    for (QtBrowserItem *item : items) {
+        if (item->mParent && item->mParent->mProperty == parent)
+            removeTree(item);
+    }
+}
+
+void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
+{
+    const auto items = mPropertyToItems.value(property);
+    for (QtBrowserItem *item : items)
+        q->itemChanged(item);
+}
+
+void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
+{
+    // Each removal may take further items of the property with it, when one place stands
+    // inside another; so the list is read again after each.
+    while (true) {
+        const auto found = mPropertyToItems.constFind(property);
+        if (found == mPropertyToItems.constEnd() || found->isEmpty())
+            break;
+        removeTree(found->first());
+    }
+}
+
+QtAbstractPropertyBrowser::QtAbstractPropertyBrowser(QWidget *parent)
+    : QWidget(parent), d(new QtAbstractPropertyBrowserPrivate(this))
+{
+}
+
+QtAbstractPropertyBrowser::~QtAbstractPropertyBrowser()
+{
+    // The subclass is gone, so nothing is reported any more: the items are just freed, and
+    // the managers and factories stop talking to this browser before the base widget goes.
+    for (QtAbstractPropertyManager *manager : qAsConst(d->mManagers))
+        disconnect(manager, nullptr, this, nullptr);
+    for (const auto &items : qAsConst(d->mPropertyToItems)) {
+        for (QtBrowserItem *item : items)
+            delete item;
+    }
+    d->mPropertyToItems.clear();
+    d->mTopLevelItems.clear();
+    d->mCurrentItem = nullptr;
+}
+
+QList<QtProperty *> QtAbstractPropertyBrowser::properties() const
+{
+    QList<QtProperty *> result;
+    result.reserve(d->mTopLevelItems.size());
+    for (const QtBrowserItem *item : qAsConst(d->mTopLevelItems))
+        result.append(item->property());
+    return result;
+}
+
+QList<QtBrowserItem *> QtAbstractPropertyBrowser::topLevelItems() const
+{
+    return d->mTopLevelItems;
+}
+
+QList<QtBrowserItem *> QtAbstractPropertyBrowser::items(QtProperty *property) const
+{
+    return d->mPropertyToItems.value(property);
+}
+
+QtBrowserItem *QtAbstractPropertyBrowser::addProperty(QtProperty *property)
+{
+    return insertProperty(
+        property, d->mTopLevelItems.isEmpty() ? nullptr : d->mTopLevelItems.last()->property());
+}
+
+QtBrowserItem *QtAbstractPropertyBrowser::insertProperty(QtProperty *property, QtProperty *after)
+{
+    if (!property)
+        return nullptr;
+    if (QtBrowserItem *existing = d->topLevelItem(property))
+        return existing;
+    QtBrowserItem *afterItem = nullptr;
+    if (after) {
+        afterItem = d->topLevelItem(after);
+        if (!afterItem && !d->mTopLevelItems.isEmpty())
+            afterItem = d->mTopLevelItems.last();
+    }
+    return d->insertTree(property, nullptr, afterItem);
+}
+
+void QtAbstractPropertyBrowser::removeProperty(QtProperty *property)
+{
+    if (QtBrowserItem *item = d->topLevelItem(property))
+        d->removeTree(item);
+}
+
+QtBrowserItem *QtAbstractPropertyBrowser::currentItem() const
+{
+    return d->mCurrentItem;
+}
+
+void QtAbstractPropertyBrowser::setCurrentItem(QtBrowserItem *item)
+{
+    if (item == d->mCurrentItem)
+        return;
+    if (item && !d->mPropertyToItems.value(item->property()).contains(item))
+        return;
+    d->mCurrentItem = item;
+    emit currentItemChanged(item);
+}
+
+bool QtAbstractPropertyBrowser::addFactory(
+    QtAbstractPropertyManager *manager, QtAbstractEditorFactoryBase *factory)
+{
+    if (!manager || !factory)
+        return false;
+    auto found = d->mFactories.find(manager);
+    if (found != d->mFactories.end() && found->data() == factory)
+        return false;
+    d->watchManager(manager);
+    d->mFactories.insert(manager, factory);
+    return true;
+}
+
+QWidget *QtAbstractPropertyBrowser::createEditor(QtProperty *property, QWidget *parent)
+{
+    if (!property)
+        return nullptr;
+    QtAbstractEditorFactoryBase *factory = d->mFactories.value(property->propertyManager());
+    return factory ? factory->createEditor(property, parent) : nullptr;
+}

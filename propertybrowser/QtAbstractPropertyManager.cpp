@@ -1,0 +1,84 @@
+#include "propertybrowser/QtAbstractPropertyManager.h"
+
+#include "propertybrowser/QtProperty.h"
+
+QtAbstractPropertyManager::QtAbstractPropertyManager(QObject *parent) : QObject(parent) { }
+
+QtAbstractPropertyManager::~QtAbstractPropertyManager()
+{
+    clear();
+}
+
+QSet<QtProperty *> QtAbstractPropertyManager::properties() const
+{
+    QSet<QtProperty *> result;
+    for (QtProperty *property : mProperties) {
+        if (property->mParents.isEmpty())
+            result.insert(property);
+    }
+    return result;
+}
+
+void QtAbstractPropertyManager::clear()
+{
+    // Listeners may delete properties of their own while one is going, so each one is looked
+    // up again before it is deleted.
+    while (!mProperties.isEmpty())
+        deleteProperty(*mProperties.begin());
+}
+
+void QtAbstractPropertyManager::deleteProperty(QtProperty *property)
+{
+    uninitializeProperty(property);
+    property->detach();
+    forgetProperty(property);
+    property->mOwned = false;
+    delete property;
+}
+
+void QtAbstractPropertyManager::forgetProperty(QtProperty *property)
+{
+    mProperties.remove(property);
+}
+
+QtProperty *QtAbstractPropertyManager::addProperty(const QString &name)
+{
+    QtProperty *property = createProperty();
+    if (!property)
+        return nullptr;
+    if (property->mManager != this || property->mOwned) {
+        qWarning("QtAbstractPropertyManager::addProperty: createProperty gave a property of "
+                 "another manager");
+        if (!property->mOwned)
+            delete property;
+        return nullptr;
+    }
+    property->mName = name;
+    property->mOwned = true;
+    mProperties.insert(property);
+    initializeProperty(property);
+    emit propertyInserted(property, nullptr, nullptr);
+    return property;
+}
+
+bool QtAbstractPropertyManager::hasValue(const QtProperty *) const
+{
+    return true;
+}
+
+QIcon QtAbstractPropertyManager::valueIcon(const QtProperty *) const
+{
+    return QIcon();
+}
+
+QString QtAbstractPropertyManager::valueText(const QtProperty *) const
+{
+    return QString();
+}
+
+void QtAbstractPropertyManager::uninitializeProperty(QtProperty *) { }
+
+QtProperty *QtAbstractPropertyManager::createProperty()
+{
+    return new QtProperty(this);
+}
