@@ -1,0 +1,102 @@
+// The unit table: every code known, classes that convert exactly where they should, real
+// typographic factors, and symbols that lead back to their code.
+#include "core/units/CUnit.h"
+#include "TestRegistry.h"
+#include "core/units/UnitValue.h"
+
+#include <QSet>
+#include <QTest>
+
+class CUnitTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void everyCodeIsKnownAndKeepsItsId()
+    {
+        int count = 0;
+        const unsigned int *codes = CUnit::allCodes(&count);
+        QCOMPARE(count, 19);
+        QCOMPARE(codes[0], 0x20202020u);
+        QCOMPARE(codes[15], 0xB0202020u);
+        QCOMPARE(codes[18], 0x70706920u);
+        for (int i = 0; i < count; ++i) {
+            const CUnit unit(codes[i]);
+            QCOMPARE(unit.GetUnitID(), codes[i]);
+            QVERIFY(unit.isKnown());
+            QVERIFY(unit.GetConversion() > 0.0);
+        }
+        // The neutral unit is a valid unit of its own class.
+        QVERIFY(CUnit(0x20202020u).isKnown());
+        QVERIFY(CUnit(0x20202020u).GetClassID() != CUnit(CUnit::MM).GetClassID());
+    }
+
+    void classesGroupTheRightUnits()
+    {
+        const unsigned int lengths[]
+            = { CUnit::Meter, CUnit::DP, CUnit::MM, CUnit::Inch, CUnit::Cicero, CUnit::PT,
+                  CUnit::PDidot, CUnit::DecInch, CUnit::CM, CUnit::Pica, CUnit::Q };
+        for (unsigned int code : lengths)
+            QCOMPARE(CUnit(code).GetClassID(), CUnit(CUnit::MM).GetClassID());
+        QCOMPARE(CUnit(CUnit::LPI).GetClassID(), CUnit(CUnit::LPC).GetClassID());
+
+        // One representative per class: all different.
+        const unsigned int classes[] = { CUnit::No, CUnit::MM, CUnit::Percent,
+            CUnit::RelativePercent, CUnit::Geviert, CUnit::Angle, CUnit::LPI, CUnit::DPI };
+        QSet<unsigned int> ids;
+        for (unsigned int code : classes)
+            ids.insert(CUnit(code).GetClassID());
+        QCOMPARE(ids.size(), 8);
+    }
+
+    void lengthFactorsAreTypographic()
+    {
+        auto mm = [](unsigned int code) { return UnitValue(1.0, CUnit(code)).get(CUnit::MM); };
+        QCOMPARE(mm(CUnit::Inch), 25.4);
+        QCOMPARE(mm(CUnit::PT), 25.4 / 72.0);
+        QCOMPARE(mm(CUnit::DP), 25.4 / 720.0);
+        QCOMPARE(mm(CUnit::Pica), 12.0 * 25.4 / 72.0);
+        QCOMPARE(mm(CUnit::PDidot), 0.376065);
+        QCOMPARE(mm(CUnit::Cicero), 12.0 * 0.376065);
+        QCOMPARE(mm(CUnit::Q), 0.25);
+        QCOMPARE(mm(CUnit::Meter), 1000.0);
+        QCOMPARE(mm(CUnit::CM), 10.0);
+        QCOMPARE(mm(CUnit::DecInch), 25.4);
+
+        QCOMPARE(UnitValue(72.0, CUnit(CUnit::PT)).get(CUnit(CUnit::Inch)), 1.0);
+        QCOMPARE(UnitValue(1.0, CUnit(CUnit::Pica)).get(CUnit(CUnit::PT)), 12.0);
+        QCOMPARE(UnitValue(1.0, CUnit(CUnit::Cicero)).get(CUnit(CUnit::PDidot)), 12.0);
+        QCOMPARE(UnitValue(2.54, CUnit(CUnit::LPC)).get(CUnit(CUnit::LPI)), 2.54 * 2.54);
+        QCOMPARE(UnitValue(1.0, CUnit(CUnit::LPI)).get(CUnit(CUnit::LPC)), 1.0 / 2.54);
+    }
+
+    void getKeepsTheNumberAcrossClassesAndUnknownCodes()
+    {
+        QCOMPARE(UnitValue(7.0, CUnit(CUnit::MM)).get(CUnit(CUnit::Percent)), 7.0);
+        QCOMPARE(UnitValue(7.0, CUnit(CUnit::Percent)).get(CUnit(CUnit::RelativePercent)), 7.0);
+        QCOMPARE(UnitValue(7.0, CUnit(0x12345678u)).get(CUnit(CUnit::MM)), 7.0);
+        const CUnit garbage(0xFFFFFFFFu);
+        QVERIFY(!garbage.isKnown());
+        QCOMPARE(garbage.GetConversion(), 0.0);
+        QVERIFY(garbage.symbol().isEmpty());
+        QCOMPARE(UnitValue(1.5, garbage).strWithUnit(2), QStringLiteral("1.5"));
+    }
+
+    void symbolsLeadBackToTheirCode()
+    {
+        int count = 0;
+        const unsigned int *codes = CUnit::allCodes(&count);
+        for (int i = 1; i < count; ++i) {
+            const CUnit unit(codes[i]);
+            QVERIFY2(!unit.symbol().isEmpty(), qPrintable(QString::number(codes[i], 16)));
+            QCOMPARE(CUnit::codeForSymbol(unit.symbol()), codes[i]);
+            QCOMPARE(CUnit::codeForSymbol(unit.symbol().toUpper()), codes[i]);
+        }
+        QCOMPARE(CUnit(CUnit::Angle).symbol(), QString(QChar(0xB0)));
+        QCOMPARE(CUnit::codeForSymbol(QStringLiteral("in")), unsigned(CUnit::Inch));
+        QCOMPARE(CUnit::codeForSymbol(QStringLiteral("mmm")), 0u);
+        QCOMPARE(CUnit::codeForSymbol(QString()), 0u);
+    }
+};
+
+TAVO_TEST(CUnitTest)
+#include "CUnitTest.moc"
