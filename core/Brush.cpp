@@ -1,0 +1,7 @@
+#include "core/Brush.h"
+
+namespace TavoLib {
+
+Brush::~Brush() = default;
+
+} // namespace TavoLib

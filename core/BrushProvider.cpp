@@ -1,0 +1,7 @@
+#include "core/BrushProvider.h"
+
+namespace TavoLib {
+
+BrushProvider::~BrushProvider() = default;
+
+} // namespace TavoLib

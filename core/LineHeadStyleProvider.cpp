@@ -1,0 +1,7 @@
+#include "core/LineHeadStyleProvider.h"
+
+namespace TavoLib {
+
+LineHeadStyleProvider::~LineHeadStyleProvider() = default;
+
+} // namespace TavoLib

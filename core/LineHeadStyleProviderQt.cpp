@@ -1,0 +1,7 @@
+#include "core/LineHeadStyleProviderQt.h"
+
+namespace TavoLib {
+
+LineHeadStyleProviderQt::~LineHeadStyleProviderQt() = default;
+
+} // namespace TavoLib

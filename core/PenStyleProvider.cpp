@@ -1,0 +1,7 @@
+#include "core/PenStyleProvider.h"
+
+namespace TavoLib {
+
+PenStyleProvider::~PenStyleProvider() = default;
+
+} // namespace TavoLib
