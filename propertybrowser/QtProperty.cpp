@@ -131,7 +131,9 @@ void QtProperty::insertSubProperty(QtProperty *property, QtProperty *after)
 {
     if (!property || property == this || mDetached || property->mDetached)
         return;
-    if (property->mParents.contains(this) || property->isAncestorOf(this))
+    // Only a property with children can be an ancestor; a fresh leaf skips the walk.
+    if (property->mParents.contains(this)
+        || (!property->mChildren.isEmpty() && property->isAncestorOf(this)))
         return;
 
     int position = 0;

@@ -1,0 +1,158 @@
+#include "propertybrowser/QtProperty.h"
+#include "TestRegistry.h"
+#include "TrivialPropertyManager.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+Q_DECLARE_METATYPE(QtProperty *)
+
+// The property tree and its manager, without a browser.
+class QtPropertyTest : public QObject
+{
+    Q_OBJECT
+
+    static QStringList names(const QList<QtProperty *> &properties)
+    {
+        QStringList result;
+        for (const QtProperty *property : properties)
+            result << property->propertyName();
+        return result;
+    }
+
+private slots:
+    void initTestCase() { qRegisterMetaType<QtProperty *>(); }
+
+    void managerMakesAndOwnsProperties()
+    {
+        TrivialPropertyManager manager;
+        QSignalSpy inserted(&manager, &QtAbstractPropertyManager::propertyInserted);
+        QtProperty *a = manager.addProperty("a");
+        QVERIFY(a);
+        QCOMPARE(a->propertyName(), QString("a"));
+        QCOMPARE(a->propertyManager(), &manager);
+        QCOMPARE(manager.mInitialized, 1);
+        QCOMPARE(inserted.count(), 1);
+        QCOMPARE(inserted.at(0).at(1).value<QtProperty *>(), nullptr);
+
+        manager.mRefuseCreation = true;
+        QCOMPARE(manager.addProperty("refused"), nullptr);
+        QCOMPARE(manager.mInitialized, 1);
+        manager.mRefuseCreation = false;
+
+        // Only properties under no parent count as the manager's top level.
+        QtProperty *b = manager.addProperty("b");
+        a->addSubProperty(b);
+        QCOMPARE(manager.properties(), QSet<QtProperty *>({ a }));
+        a->removeSubProperty(b);
+        QCOMPARE(manager.properties(), QSet<QtProperty *>({ a, b }));
+
+        QSignalSpy destroyed(&manager, &QtAbstractPropertyManager::propertyDestroyed);
+        manager.clear();
+        QCOMPARE(destroyed.count(), 2);
+        QCOMPARE(manager.mUninitialized, 2);
+        QVERIFY(manager.properties().isEmpty());
+    }
+
+    void flagsReportOnlyChanges()
+    {
+        TrivialPropertyManager manager;
+        QtProperty *p = manager.addProperty("p");
+        QSignalSpy changed(&manager, &QtAbstractPropertyManager::propertyChanged);
+        QVERIFY(p->isEnabled());
+        QVERIFY(!p->isModified());
+        p->setEnabled(true);
+        p->setModified(false);
+        p->setPropertyName("p");
+        QCOMPARE(changed.count(), 0);
+        p->setEnabled(false);
+        p->setModified(true);
+        p->setPropertyName("q");
+        QCOMPARE(changed.count(), 3);
+        QVERIFY(!p->isEnabled() && p->isModified());
+
+        manager.setValue(p, "12 pt");
+        QCOMPARE(p->valueText(), QString("12 pt"));
+        QVERIFY(p->hasValue());
+        manager.setWithoutValue(p, true);
+        QVERIFY(!p->hasValue());
+    }
+
+    void subPropertyPlacement()
+    {
+        TrivialPropertyManager manager;
+        QtProperty *parent = manager.addProperty("parent");
+        QtProperty *a = manager.addProperty("a");
+        QtProperty *b = manager.addProperty("b");
+        QtProperty *c = manager.addProperty("c");
+        QtProperty *d = manager.addProperty("d");
+        QtProperty *stranger = manager.addProperty("stranger");
+
+        QSignalSpy inserted(&manager, &QtAbstractPropertyManager::propertyInserted);
+        parent->addSubProperty(a);
+        parent->insertSubProperty(b, nullptr); // first
+        parent->insertSubProperty(c, b); // after b
+        parent->insertSubProperty(d, stranger); // unknown anchor: last
+        QCOMPARE(names(parent->subProperties()), QStringList({ "b", "c", "a", "d" }));
+        QCOMPARE(inserted.count(), 4);
+        QCOMPARE(inserted.at(2).at(2).value<QtProperty *>(), b);
+        QCOMPARE(inserted.at(3).at(2).value<QtProperty *>(), a);
+
+        // A second link to the same parent, a link to itself and a cycle are all refused.
+        parent->addSubProperty(a);
+        parent->addSubProperty(parent);
+        a->addSubProperty(stranger);
+        stranger->addSubProperty(parent);
+        a->addSubProperty(nullptr);
+        QCOMPARE(inserted.count(), 5);
+        QCOMPARE(parent->subProperties().count(parent->subProperties().first()), 1);
+        QVERIFY(stranger->subProperties().isEmpty());
+
+        QSignalSpy removed(&manager, &QtAbstractPropertyManager::propertyRemoved);
+        parent->removeSubProperty(stranger); // not a child
+        parent->removeSubProperty(c);
+        QCOMPARE(removed.count(), 1);
+        QCOMPARE(names(parent->subProperties()), QStringList({ "b", "a", "d" }));
+    }
+
+    void deletingTakesPropertyOutOfAllParents()
+    {
+        TrivialPropertyManager manager;
+        QtProperty *left = manager.addProperty("left");
+        QtProperty *right = manager.addProperty("right");
+        QtProperty *shared = manager.addProperty("shared");
+        QtProperty *child = manager.addProperty("child");
+        left->addSubProperty(shared);
+        right->addSubProperty(shared);
+        shared->addSubProperty(child);
+
+        QSignalSpy removed(&manager, &QtAbstractPropertyManager::propertyRemoved);
+        QSignalSpy destroyed(&manager, &QtAbstractPropertyManager::propertyDestroyed);
+        delete shared;
+        QCOMPARE(destroyed.count(), 1);
+        QCOMPARE(removed.count(), 3);
+        QVERIFY(left->subProperties().isEmpty());
+        QVERIFY(right->subProperties().isEmpty());
+        QCOMPARE(manager.properties(), QSet<QtProperty *>({ left, right, child }));
+    }
+
+    void deepChainIsSafe()
+    {
+        // Neither the cycle test nor deletion recurses, so a long chain is fine.
+        TrivialPropertyManager manager;
+        QtProperty *top = manager.addProperty("0");
+        QtProperty *last = top;
+        for (int i = 1; i < 20000; ++i) {
+            QtProperty *next = manager.addProperty(QString::number(i));
+            last->addSubProperty(next);
+            last = next;
+        }
+        last->addSubProperty(top);
+        QVERIFY(last->subProperties().isEmpty());
+        manager.clear();
+        QVERIFY(manager.properties().isEmpty());
+    }
+};
+
+TAVO_TEST(QtPropertyTest)
+#include "QtPropertyTest.moc"
