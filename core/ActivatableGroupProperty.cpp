@@ -1,5 +1,7 @@
 #include "core/ActivatableGroupProperty.h"
 
+#include <QCoreApplication>
+
 namespace TavoLib {
 
 ActivatableGroupProperty::ActivatableGroupProperty(const QString &uniqueName,
@@ -7,6 +9,12 @@ ActivatableGroupProperty::ActivatableGroupProperty(const QString &uniqueName,
                                                    const PropertyDictionary &children, bool active)
     : GroupProperty(uniqueName, visibleName, children), mActive(active)
 {
+}
+
+QString ActivatableGroupProperty::valueText() const
+{
+    return mActive ? GroupProperty::valueText()
+                   : QCoreApplication::translate("TavoLib::ActivatableGroupProperty", "Off");
 }
 
 TAutoPtr<Property> ActivatableGroupProperty::clone() const

@@ -19,6 +19,8 @@ public:
     void setActive(bool active) { mActive = active; }
 
     const char *kindName() const override { return "ActivatableGroup"; }
+    // "Off" while inactive, else the children's values.
+    QString valueText() const override;
     TAutoPtr<Property> clone() const override;
     void copyValueFrom(const Property &other) override;
 

@@ -56,7 +56,8 @@ int ListProperty::index(TAutoPtr<Property> element) const
 
 QString ListProperty::valueText() const
 {
-    return QCoreApplication::translate("TavoLib::ListProperty", "%n element(s)", nullptr, size());
+    return size() == 1 ? QCoreApplication::translate("TavoLib::ListProperty", "1 element")
+                       : QCoreApplication::translate("TavoLib::ListProperty", "%1 elements").arg(size());
 }
 
 TAutoPtr<Property> ListProperty::clone() const

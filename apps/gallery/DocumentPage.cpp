@@ -49,7 +49,7 @@ public:
         splitter->addWidget(objects);
         splitter->addWidget(mTree);
         splitter->setStretchFactor(1, 1);
-        splitter->setSizes({ 220, 700 });
+        splitter->setSizes({ 260, 700 });
 
         auto *layout = new QVBoxLayout(this);
         layout->addLayout(buttons);

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QListWidget>
-#include <QSplitter>
+#include <QHBoxLayout>
 #include <QStackedWidget>
 #include <QRegularExpression>
 #include <QTest>
@@ -30,12 +30,12 @@ GalleryWindow::GalleryWindow(QWidget *parent)
         widget->setObjectName(page.title);
         mStack->addWidget(widget);
     }
-    mList->setMaximumWidth(200);
-    auto *splitter = new QSplitter;
-    splitter->addWidget(mList);
-    splitter->addWidget(mStack);
-    splitter->setStretchFactor(1, 1);
-    setCentralWidget(splitter);
+    mList->setFixedWidth(180);
+    auto *central = new QWidget;
+    auto *layout = new QHBoxLayout(central);
+    layout->addWidget(mList);
+    layout->addWidget(mStack, 1);
+    setCentralWidget(central);
     connect(mList, &QListWidget::currentRowChanged, mStack, &QStackedWidget::setCurrentIndex);
     if (!mPages.empty())
         mList->setCurrentRow(0);
