@@ -1,6 +1,6 @@
 #include "style/Device.h"
 
-#include "style/Recolor.h"
+#include "core/ImageFunctions.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -43,7 +43,7 @@ QPixmap recolored(const QPixmap &pixmap, const QColor *color)
 {
     if (!color)
         return pixmap;
-    QPixmap result = QPixmap::fromImage(StyleDetail::recolored(pixmap.toImage(), *color));
+    QPixmap result = QPixmap::fromImage(ColorizeImage(pixmap.toImage(), *color));
     result.setDevicePixelRatio(pixmap.devicePixelRatio());
     return result;
 }

@@ -1,7 +1,7 @@
 #include "style/GuiStyle.h"
 
+#include "core/ImageFunctions.h"
 #include "style/Device.h"
-#include "style/Recolor.h"
 
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -413,7 +413,7 @@ void GuiStyle::drawToolButton(
         QPixmap pixmap = icon.pixmap(rect.size(), QIcon::Normal, QIcon::Off);
         if (!pixmap.isNull()) {
             pixmap.setDevicePixelRatio(Device::pixelRatio());
-            const QImage image = StyleDetail::recolored(pixmap.toImage(), color);
+            const QImage image = ColorizeImage(pixmap.toImage(), color);
             const qreal ratio = image.devicePixelRatio();
             painter->translate(rect.topLeft());
             painter->drawImage(QPoint(int((rect.width() - image.width() / ratio) * 0.5),
@@ -488,8 +488,8 @@ void GuiStyle::drawToolButtonLabel(
         pixmap = tool->icon.pixmap(rect.size().boundedTo(tool->iconSize), mode, state);
         if (tool->state & State_On) {
             const qreal ratio = pixmap.devicePixelRatio();
-            pixmap = QPixmap::fromImage(
-                StyleDetail::recolored(pixmap.toImage(), QColor(200, 200, 200, 255)));
+            pixmap
+                = QPixmap::fromImage(ColorizeImage(pixmap.toImage(), QColor(200, 200, 200, 255)));
             pixmap.setDevicePixelRatio(ratio);
         }
         const qreal ratio = pixmap.devicePixelRatio() > 0 ? pixmap.devicePixelRatio() : 1.0;
