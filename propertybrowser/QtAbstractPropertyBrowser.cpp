@@ -312,8 +312,13 @@ void QtAbstractPropertyBrowser::setCurrentItem(QtBrowserItem *item)
 {
     if (item == d->mCurrentItem)
         return;
-    if (item && !d->mPropertyToItems.value(item->property()).contains(item))
-        return;
+    if (item) {
+        if (item->browser() != this)
+            return;
+        const auto found = d->mPropertyToItems.constFind(item->property());
+        if (found == d->mPropertyToItems.constEnd() || !found->contains(item))
+            return;
+    }
     d->mCurrentItem = item;
     emit currentItemChanged(item);
 }

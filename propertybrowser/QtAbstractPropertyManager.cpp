@@ -21,23 +21,31 @@ QSet<QtProperty *> QtAbstractPropertyManager::properties() const
 
 void QtAbstractPropertyManager::clear()
 {
-    // Listeners may delete properties of their own while one is going, so each one is looked
-    // up again before it is deleted.
-    while (!mProperties.isEmpty())
-        deleteProperty(*mProperties.begin());
+    // Listeners may delete properties themselves, or make new ones, while one is going; so
+    // each is looked up again before it is deleted, and the loop runs until none is left.
+    while (!mProperties.isEmpty()) {
+        const QList<QtProperty *> snapshot = mProperties.values();
+        for (QtProperty *property : snapshot) {
+            if (mProperties.contains(property))
+                deleteProperty(property);
+        }
+    }
 }
 
 void QtAbstractPropertyManager::deleteProperty(QtProperty *property)
 {
-    uninitializeProperty(property);
+    // Listeners hear of it while the property is whole and still has its value; the manager's
+    // own data for it goes last.
     property->detach();
-    forgetProperty(property);
+    uninitializeProperty(property);
+    mProperties.remove(property);
     property->mOwned = false;
     delete property;
 }
 
 void QtAbstractPropertyManager::forgetProperty(QtProperty *property)
 {
+    uninitializeProperty(property);
     mProperties.remove(property);
 }
 

@@ -50,6 +50,7 @@ private:
     friend class QtProperty;
 
     void deleteProperty(QtProperty *property);
+    // A property deleted directly, not through the manager.
     void forgetProperty(QtProperty *property);
 
     QSet<QtProperty *> mProperties;

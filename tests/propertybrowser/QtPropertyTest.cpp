@@ -129,6 +129,7 @@ private slots:
         QSignalSpy removed(&manager, &QtAbstractPropertyManager::propertyRemoved);
         QSignalSpy destroyed(&manager, &QtAbstractPropertyManager::propertyDestroyed);
         delete shared;
+        QCOMPARE(manager.mUninitialized, 1);
         QCOMPARE(destroyed.count(), 1);
         QCOMPARE(removed.count(), 3);
         QVERIFY(left->subProperties().isEmpty());
