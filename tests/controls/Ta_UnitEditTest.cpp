@@ -38,7 +38,7 @@ struct Window
         layout->addWidget(other);
         widget.show();
         QApplication::setActiveWindow(&widget);
-        QTest::qWaitForWindowActive(&widget);
+        active = QTest::qWaitForWindowActive(&widget);
         edit->setFocus();
     }
     void type(const QString &text) { QTest::keyClicks(edit, text); }
@@ -54,6 +54,7 @@ struct Window
     }
 
     QWidget widget;
+    bool active = false;
     Ta_UnitEdit *edit;
     QLineEdit *other;
 };
@@ -117,6 +118,7 @@ private slots:
     void returnCommitsOnceAndClampsToTheLimits()
     {
         Window w;
+        QVERIFY(w.active);
         w.edit->setMaximum(100.0);
         QSignalSpy typed(w.edit, kValueChanged);
         QSignalSpy byFocusOut(w.edit, &Ta_UnitEdit::valueByFocusOut);
