@@ -98,18 +98,6 @@ private slots:
         QCOMPARE(mEdit->value(nullptr), pt(50.0));
     }
 
-    void markingOperations()
-    {
-        QCOMPARE(mEdit->unmodifiedText(QStringLiteral("12 ch")), QStringLiteral("12 "));
-        QCOMPARE(mEdit->unmodifiedText(QStringLiteral("12pt")), QStringLiteral("12pt"));
-        QCOMPARE(mEdit->unmodifiedText(QStringLiteral("ch")), QString());
-        QCOMPARE(mEdit->modifiedText(QStringLiteral("12pt")), QStringLiteral("12pt ch"));
-        QCOMPARE(mEdit->modifiedText(QStringLiteral("12pt ch")), QStringLiteral("12pt ch"));
-        QCOMPARE(mEdit->modified(5.0), -5.0);
-        QCOMPARE(mEdit->modified(-5.0), -5.0);
-        QCOMPARE(mEdit->unmodified(-5.0), 5.0);
-    }
-
     void translatedSuffixIsReadAndWritten()
     {
         SuffixTranslator translator;

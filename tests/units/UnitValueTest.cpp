@@ -46,12 +46,10 @@ private slots:
     void printedForms()
     {
         QCOMPARE(UnitValue(12.5, CUnit(CUnit::MM)).strWithUnit(3), QStringLiteral("12.5mm"));
-        QCOMPARE(UnitValue(12.0, CUnit(CUnit::PT)).strWithUnit(3), QStringLiteral("12pt"));
         QCOMPARE(UnitValue(2.0 / 3.0, CUnit(CUnit::Inch)).strWithUnit(2), QStringLiteral("0.67\""));
         QCOMPARE(UnitValue(90.0, CUnit(CUnit::Angle)).strWithUnit(0),
             QString(QStringLiteral("90") + QChar(0xB0)));
         QCOMPARE(UnitValue(-0.0001, CUnit(CUnit::MM)).strWithUnit(2), QStringLiteral("0mm"));
-        QCOMPARE(UnitValue(5.0, CUnit(CUnit::No)).strWithUnit(1), QStringLiteral("5"));
         QCOMPARE(UnitValue(50.0, CUnit(CUnit::RelativePercent)).strWithUnit(0),
             QStringLiteral("50rel%"));
         // Precision out of range is clamped, not undefined.
@@ -63,10 +61,8 @@ private slots:
     {
         NumToStr formatter;
         QCOMPARE(formatter.get(12.5, 4), QStringLiteral("12.5"));
-        QCOMPARE(formatter.get(3.0, 0), QStringLiteral("3"));
         QCOMPARE(formatter.get(1234.5678, 2), QStringLiteral("1234.57"));
         QCOMPARE(formatter.get(-0.00001, 4), QStringLiteral("0"));
-        QCOMPARE(formatter.get(-7.25, 4), QStringLiteral("-7.25"));
         QCOMPARE(formatter.get(100.0, 4), QStringLiteral("100"));
         QCOMPARE(formatter.get(std::numeric_limits<double>::infinity(), 2), QStringLiteral("inf"));
     }
