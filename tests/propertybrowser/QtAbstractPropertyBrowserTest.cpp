@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+Q_DECLARE_METATYPE(QtBrowserItem *)
+
 // The browser base keeps its items in step with the property trees it shows.
 class QtAbstractPropertyBrowserTest : public QObject
 {
@@ -23,6 +25,8 @@ class QtAbstractPropertyBrowserTest : public QObject
     }
 
 private slots:
+    void initTestCase() { qRegisterMetaType<QtBrowserItem *>(); }
+
     void subtreeInsertedAndRemovedInTreeOrder()
     {
         TrivialPropertyManager manager;
@@ -118,6 +122,27 @@ private slots:
         QCOMPARE(browser.properties(), QList<QtProperty *>({ left, right }));
         QVERIFY(browser.items(leaf).isEmpty());
         QVERIFY(browser.items(extra).isEmpty());
+    }
+
+    void treeMixingManagers()
+    {
+        // A child of another manager is followed through its own manager, and goes with it.
+        TrivialPropertyManager groups;
+        auto *values = new TrivialPropertyManager;
+        RecordingPropertyBrowser browser;
+        QtProperty *group = groups.addProperty("group");
+        QtProperty *first = groups.addProperty("first");
+        group->addSubProperty(first);
+        browser.addProperty(group);
+        browser.takeLog();
+        QtProperty *value = values->addProperty("value");
+        group->addSubProperty(value);
+        values->setValue(value, "7");
+        QCOMPARE(browser.takeLog(), QStringList({ "+group/value after first", "~group/value" }));
+
+        delete values;
+        QCOMPARE(browser.takeLog(), QStringList({ "-group/value of 2" }));
+        QCOMPARE(group->subProperties(), QList<QtProperty *>({ first }));
     }
 
     void currentItemFollowsRemoval()
