@@ -48,7 +48,8 @@ void QtProperty::detach()
     if (mDetached)
         return;
     mDetached = true;
-    if (mOwned && mManager)
+    // Also for a copy the manager does not own: a browser may show it all the same.
+    if (mManager)
         emit mManager->propertyDestroyed(this);
     while (!mParents.isEmpty())
         mParents.first()->removeSubProperty(this);
@@ -97,7 +98,7 @@ QString QtProperty::valueText() const
 
 void QtProperty::propertyChanged()
 {
-    if (mOwned && mManager && !mDetached)
+    if (mManager && !mDetached)
         emit mManager->propertyChanged(this);
 }
 

@@ -137,6 +137,38 @@ private slots:
         QCOMPARE(manager.properties(), QSet<QtProperty *>({ left, right, child }));
     }
 
+    void copiesStandOutsideTheTree()
+    {
+        // What a subclass with value semantics gets from the base.
+        struct Copyable : QtProperty
+        {
+            explicit Copyable(QtAbstractPropertyManager *manager) : QtProperty(manager) { }
+            Copyable(const Copyable &) = default;
+            Copyable &operator=(const Copyable &) = default;
+        };
+        TrivialPropertyManager manager;
+        Copyable original(&manager);
+        original.setPropertyName("original");
+        original.setModified(true);
+        QtProperty *parent = manager.addProperty("parent");
+        parent->addSubProperty(&original);
+        original.addSubProperty(manager.addProperty("child"));
+        {
+            Copyable copy(original);
+            QCOMPARE(copy.propertyName(), QString("original"));
+            QVERIFY(copy.isModified());
+            QCOMPARE(copy.propertyManager(), &manager);
+            QVERIFY(copy.subProperties().isEmpty());
+            copy.setPropertyName("copy");
+            original = copy;
+        }
+        QCOMPARE(original.propertyName(), QString("copy"));
+        QCOMPARE(original.subProperties().size(), 1);
+        QCOMPARE(parent->subProperties(), QList<QtProperty *>({ &original }));
+        // Copies are never the manager's, and the child stands under one.
+        QCOMPARE(manager.properties(), QSet<QtProperty *>({ parent }));
+    }
+
     void deepChainIsSafe()
     {
         // Neither the cycle test nor deletion recurses, so a long chain is fine.
