@@ -241,6 +241,15 @@ bool SystemFontProvider::rescan()
             f.weight = patternInt(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
             f.slant = patternInt(font, FC_SLANT, FC_SLANT_ROMAN);
             f.width = patternInt(font, FC_WIDTH, FC_WIDTH_NORMAL);
+            // Some fonts carry wrong weight or slant entries; the style name is the better word.
+            static const QRegularExpression boldWord(
+                QStringLiteral("\\bBold\\b"), QRegularExpression::CaseInsensitiveOption);
+            static const QRegularExpression italicWord(QStringLiteral("\\b(Italic|Oblique)\\b"),
+                QRegularExpression::CaseInsensitiveOption);
+            if (f.weight < FC_WEIGHT_DEMIBOLD && f.style.contains(boldWord))
+                f.weight = FC_WEIGHT_BOLD;
+            if (f.slant == FC_SLANT_ROMAN && f.style.contains(italicWord))
+                f.slant = FC_SLANT_ITALIC;
             f.type = typeFromFormat(patternString(font, FC_FONTFORMAT));
             f.symbol = patternBool(font, FC_SYMBOL);
             FcLangSet *langs = nullptr;
