@@ -253,5 +253,11 @@ TAutoPtr<StylesheetManager> makeStylesheets()
     return manager;
 }
 
+void registerDefaultAttributes(Environment &environment)
+{
+    for (const AttributeKey &key : allAttributeKeys())
+        environment.setDefaultAttribute(SampleAttribute::create(key));
+}
+
 } // namespace SampleSchema
 } // namespace Sample

@@ -4,6 +4,7 @@
 // has, with their ranges, items, presets and defaults. Together they give a property of every
 // kind, at several depths.
 #include "core/AttributeKey.h"
+#include "core/Environment.h"
 #include "core/PropertyDictionary.h"
 #include "core/StylesheetManager.h"
 
@@ -23,6 +24,9 @@ TavoLib::PropertyDictionary attributeSchema(const TavoLib::AttributeKey &key);
 
 // The stylesheets of the sample document: several types, display texts and parents.
 TAutoPtr<TavoLib::StylesheetManager> makeStylesheets();
+
+// Registers a default attribute for every attribute key of the sample document.
+void registerDefaultAttributes(TavoLib::Environment &environment);
 
 } // namespace SampleSchema
 
