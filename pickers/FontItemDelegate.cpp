@@ -1,0 +1,119 @@
+#include "pickers/FontItemDelegate.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+#include <QStyle>
+
+namespace TavoLib {
+
+namespace {
+
+bool isSeparator(const QModelIndex &index)
+{
+    return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
+}
+
+} // namespace
+
+FontItemDelegate::FontItemDelegate(QObject *parent) : QStyledItemDelegate(parent) { }
+
+void FontItemDelegate::paint(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    mIndex = &index;
+    if (isSeparator(index)) {
+        painter->save();
+        painter->setPen(Qt::NoPen);
+        painter->fillRect(option.rect, index.data(Qt::BackgroundRole).value<QBrush>());
+        painter->setPen(
+            QPen(QBrush(Qt::darkGray), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        painter->setBrush(Qt::NoBrush);
+        const QRect &r = option.rect;
+        const int y = r.center().y();
+        painter->drawLine(QPoint(r.left(), y), QPoint(r.right(), y));
+        painter->restore();
+    } else if (index.column() == 1) {
+        const QString text = index.data(Qt::DisplayRole).toString();
+        QStyleOptionViewItem opt(option);
+        initStyleOption(&opt, index);
+        QStyledItemDelegate::paint(painter, opt, index);
+        drawDisplay(painter, opt, opt.rect, text);
+    } else {
+        QStyledItemDelegate::paint(painter, option, index);
+    }
+    mIndex = nullptr;
+}
+
+void FontItemDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == 1) {
+        option->features &= ~QStyleOptionViewItem::HasDisplay;
+        option->text.clear();
+    }
+}
+
+void FontItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option,
+    const QRect &rect, const QString &text) const
+{
+    if (mIndex ? mIndex->column() != 1 : false)
+        return;
+
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    QPalette::ColorRole role = QPalette::Text;
+    if ((option.state & QStyle::State_Selected) && style
+        && style->property("hasHighlightedText").toBool())
+        role = QPalette::HighlightedText;
+    QPalette::ColorGroup group = QPalette::Active;
+    if (!(option.state & QStyle::State_Enabled))
+        group = QPalette::Disabled;
+    else if (!(option.state & QStyle::State_Active))
+        group = QPalette::Inactive;
+    painter->setBrush(QBrush(option.palette.color(group, role), Qt::SolidPattern));
+
+    if (text.isEmpty() || rect.height() <= 0)
+        return;
+
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, true);
+    painter->setRenderHint(QPainter::TextAntialiasing, true);
+
+    QString shown = text;
+    QPainterPath path;
+    path.addText(QPointF(0, 0), option.font, shown);
+    QRectF b = path.boundingRect();
+    double scale = rect.height() / (b.height() + 4.0);
+    int n = text.size();
+    while (rect.width() < b.right() * scale + 4.0) {
+        --n;
+        if (n < 1) {
+            painter->restore();
+            return;
+        }
+        shown = text.left(n) + QStringLiteral("...");
+        path = QPainterPath();
+        path.addText(QPointF(0, 0), option.font, shown);
+        b = path.boundingRect();
+        scale = rect.height() / (b.height() + 4.0);
+    }
+
+    painter->setPen(Qt::NoPen);
+    painter->translate(
+        rect.right() - b.right() * scale - 2.0, rect.bottom() - b.bottom() * scale - 2.0);
+    painter->scale(scale, scale);
+    painter->fillPath(path, painter->brush());
+    painter->restore();
+}
+
+QSize FontItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    if (isSeparator(index))
+        return QSize(20, 10);
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(option.fontMetrics.boundingRect(QChar(0x4879)).height() + 4);
+    return size;
+}
+
+} // namespace TavoLib

@@ -1,0 +1,198 @@
+// The pop-up list's parts: the delegate's samples and separators, whole-row selection, and
+// a view that never scrolls sideways.
+#include "TestFontProvider.h"
+#include "TestRegistry.h"
+#include "pickers/FontItemDelegate.h"
+#include "pickers/FontItemModel.h"
+#include "pickers/FontItemSelectionModel.h"
+#include "pickers/FontTreeView.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStandardItemModel>
+#include <QTest>
+
+using namespace TavoLib;
+using TavoTest::TestFontProvider;
+
+namespace {
+
+// The smallest rectangle holding every non-white pixel; null when there is none.
+QRect inkBounds(const QImage &image)
+{
+    QRect bounds;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255))
+                bounds |= QRect(x, y, 1, 1);
+        }
+    }
+    return bounds;
+}
+
+// Paints one example cell of the given width into a white image.
+QImage paintExample(const QString &text, int width, int height = 20)
+{
+    QStandardItemModel model(1, 2);
+    model.setData(model.index(0, 1), text);
+    FontItemDelegate delegate(nullptr);
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, width, height);
+    option.state = QStyle::State_Enabled | QStyle::State_Active;
+    option.palette.setColor(QPalette::Text, Qt::black);
+    QImage image(width + 20, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    delegate.paint(&painter, option, model.index(0, 1));
+    painter.end();
+    return image;
+}
+
+struct View
+{
+    View(bool examples)
+        : fonts(new TestFontProvider),
+          view(nullptr),
+          model(new FontItemModel(fonts, &view, examples, false))
+    {
+        view.setModel(model);
+        view.setSelectionModel(new FontItemSelectionModel(model));
+        view.setItemDelegate(new FontItemDelegate(&view));
+        view.setHeaderHidden(true);
+        view.setSelectionBehavior(QAbstractItemView::SelectRows);
+        view.resize(300, 400);
+        if (examples) {
+            view.header()->setSectionResizeMode(0, QHeaderView::Fixed);
+            view.header()->resizeSection(0, 150);
+            view.header()->resizeSection(1, 100);
+        }
+    }
+    TestFontProvider::Ptr fonts;
+    FontTreeView view;
+    FontItemModel *model;
+};
+
+} // namespace
+
+class FontViewTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void exampleIsRightAlignedInsideItsCell()
+    {
+        const QImage image = paintExample("Sample", 200);
+        const QRect ink = inkBounds(image);
+        QVERIFY(!ink.isNull());
+        QVERIFY2(ink.right() <= 199 && ink.left() > 60, qPrintable(QString::number(ink.left())));
+        QVERIFY(ink.bottom() < 20);
+    }
+
+    void narrowExampleIsElidedAndStaysInside()
+    {
+        const QImage wide = paintExample("Sample text that is long", 400);
+        const QImage narrow = paintExample("Sample text that is long", 50);
+        const QRect ink = inkBounds(narrow);
+        QVERIFY(!ink.isNull());
+        QVERIFY(ink.right() < 50);
+        QVERIFY(ink.left() >= 0);
+        // Shortened, not squeezed: the glyphs keep the height of the unshortened sample.
+        QVERIFY(qAbs(ink.height() - inkBounds(wide).height()) <= 2);
+        // Too narrow for one letter and the dots: nothing at all.
+        QVERIFY(inkBounds(paintExample("Sample", 6)).isNull());
+        QVERIFY(inkBounds(paintExample(QString(), 200)).isNull());
+    }
+
+    void separatorIsOneGreyLine()
+    {
+        View v(false);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 40, 11);
+        QImage image(40, 11, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        FontItemDelegate delegate(nullptr);
+        delegate.paint(&painter, option, v.model->index(1, 0));
+        painter.end();
+        QCOMPARE(inkBounds(image), QRect(0, 5, 40, 1));
+        QCOMPARE(QColor(image.pixel(20, 5)), QColor(Qt::darkGray));
+        QCOMPARE(delegate.sizeHint(option, v.model->index(1, 0)), QSize(20, 10));
+    }
+
+    void allRowsTakeTheFirstRowsHeight()
+    {
+        View v(true);
+        const int first = v.view.sizeHintForRow(0);
+        QVERIFY(first > 4);
+        QCOMPARE(v.view.sizeHintForRow(1), first);
+        QCOMPARE(v.view.sizeHintForRow(7), first);
+    }
+
+    void clickOnExampleSelectsWholeRow()
+    {
+        View v(true);
+        v.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v.view));
+        const QModelIndex example = v.model->index(7, 1);
+        const QRect cell = v.view.visualRect(example);
+        QVERIFY(cell.isValid());
+        QTest::mouseClick(v.view.viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+
+        QItemSelectionModel *selection = v.view.selectionModel();
+        QCOMPARE(selection->currentIndex(), v.model->index(7, 0));
+        QVERIFY(selection->isSelected(v.model->index(7, 0)));
+        QVERIFY(selection->isSelected(v.model->index(7, 1)));
+        QCOMPARE(selection->selectedIndexes().size(), 2);
+
+        // A click on a separator changes nothing.
+        QTest::mouseClick(v.view.viewport(), Qt::LeftButton, Qt::NoModifier,
+            v.view.visualRect(v.model->index(1, 0)).center());
+        QCOMPARE(selection->currentIndex(), v.model->index(7, 0));
+    }
+
+    void selectingOneCellTakesTheRow()
+    {
+        View v(true);
+        QItemSelectionModel *selection = v.view.selectionModel();
+        selection->select(v.model->index(2, 1), QItemSelectionModel::ClearAndSelect);
+        QVERIFY(selection->isSelected(v.model->index(2, 0)));
+        QVERIFY(selection->isSelected(v.model->index(2, 1)));
+        // An empty selection is ignored rather than clearing.
+        selection->select(QItemSelection(), QItemSelectionModel::Clear);
+        QVERIFY(selection->isSelected(v.model->index(2, 0)));
+
+        // The view reports a row as its name cell.
+        selection->select(v.model->index(4, 0), QItemSelectionModel::Select);
+        struct Peek : FontTreeView
+        {
+            using FontTreeView::selectedIndexes;
+        };
+        const QModelIndexList reported = static_cast<Peek &>(v.view).selectedIndexes();
+        QCOMPARE(reported.size(), 1);
+        QCOMPARE(reported.first().column(), 0);
+
+        // A one-column list selects just its one cell.
+        View single(false);
+        single.view.selectionModel()->select(
+            single.model->index(0, 0), QItemSelectionModel::ClearAndSelect);
+        QCOMPARE(single.view.selectionModel()->selectedIndexes(),
+            QModelIndexList({ single.model->index(0, 0) }));
+    }
+
+    void neverScrollsSideways()
+    {
+        View v(true);
+        v.view.header()->resizeSection(0, 900);
+        v.view.resize(200, 200);
+        v.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v.view));
+        const int before = v.view.visualRect(v.model->index(0, 0)).left();
+        v.view.horizontalScrollBar()->setValue(v.view.horizontalScrollBar()->maximum());
+        QTest::keyClick(v.view.viewport(), Qt::Key_Right);
+        QCOMPARE(v.view.visualRect(v.model->index(0, 0)).left(), before);
+    }
+};
+
+TAVO_TEST(FontViewTest)
+#include "FontViewTest.moc"
