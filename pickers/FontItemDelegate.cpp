@@ -1,6 +1,7 @@
 #include "pickers/FontItemDelegate.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
@@ -13,6 +14,24 @@ namespace {
 bool isSeparator(const QModelIndex &index)
 {
     return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
+}
+
+// Height of the ideograph U+4879 in a font. Few fonts have it, so every lookup searches the
+// fallback fonts; a list asks once per row, so the answer is kept per font and resolution.
+// Delegates live on the GUI thread only.
+int ideographHeight(const QStyleOptionViewItem &option)
+{
+    static QHash<QString, int> cache;
+    const QString key
+        = option.font.key() + QLatin1Char('@') + QString::number(option.fontMetrics.fontDpi());
+    const auto found = cache.constFind(key);
+    if (found != cache.constEnd())
+        return found.value();
+    const int height = option.fontMetrics.boundingRect(QChar(0x4879)).height();
+    if (cache.size() > 4096)
+        cache.clear();
+    cache.insert(key, height);
+    return height;
 }
 
 } // namespace
@@ -112,7 +131,7 @@ QSize FontItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     if (isSeparator(index))
         return QSize(20, 10);
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(option.fontMetrics.boundingRect(QChar(0x4879)).height() + 4);
+    size.setHeight(ideographHeight(option) + 4);
     return size;
 }
 
