@@ -113,7 +113,6 @@ private slots:
         QVERIFY(actions.at(1)->isChecked());
         QCOMPARE(controller.currentBrush(&menu), short(11));
         QCOMPARE(controller.firstBrush(&menu), short(10));
-        QCOMPARE(menu.property("COLORIZEICON"), QVariant(false));
         QCOMPARE(actions.at(0)->icon().availableSizes().value(0), Device::size(Device::SizeType4));
 
         // Checking is exclusive; a colour as current checks nothing.

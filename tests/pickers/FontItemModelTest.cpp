@@ -173,7 +173,6 @@ private slots:
         // Indexes outside the rows answer nothing instead of reading past the end.
         QVERIFY(!model.index(rows + 5, 3).data().isValid());
         QCOMPARE(model.flags(model.index(rows + 5, 0)), Qt::NoItemFlags);
-        QCOMPARE(model.headerData(0, Qt::Horizontal, StyleIdRole), QVariant(1));
     }
 
     void styleListFollowsTheProvider()

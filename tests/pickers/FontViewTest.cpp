@@ -120,15 +120,6 @@ private slots:
         QCOMPARE(delegate.sizeHint(option, v.model->index(1, 0)), QSize(20, 10));
     }
 
-    void allRowsTakeTheFirstRowsHeight()
-    {
-        View v(true);
-        const int first = v.view.sizeHintForRow(0);
-        QVERIFY(first > 4);
-        QCOMPARE(v.view.sizeHintForRow(1), first);
-        QCOMPARE(v.view.sizeHintForRow(7), first);
-    }
-
     void clickOnExampleSelectsWholeRow()
     {
         View v(true);
