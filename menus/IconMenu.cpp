@@ -496,8 +496,8 @@ void IconMenu::paintEvent(QPaintEvent *event)
 
 bool IconMenu::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == mAnchor && mAnchor
-        && (event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonRelease)) {
+    if ((event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonRelease)
+        && mAnchor && watched == mAnchor.data()) {
         auto *original = static_cast<QMouseEvent *>(event);
         const QPoint global = mAnchor->mapToGlobal(original->pos());
         QMouseEvent mapped(original->type(), mapFromGlobal(global), global, original->button(),

@@ -15,8 +15,13 @@ IconMenuItemModel::IconMenuItemModel(QMenu *menu, QObject *parent)
 
 bool IconMenuItemModel::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == mMenu) {
-        switch (event->type()) {
+    // Only action events are compared with the menu: a menu being destroyed is no QMenu any
+    // more, and its other events must not go through the guarded pointer.
+    const QEvent::Type type = event->type();
+    const bool actionEvent = type == QEvent::ActionAdded || type == QEvent::ActionRemoved
+        || type == QEvent::ActionChanged;
+    if (actionEvent && !mMenu.isNull() && watched == mMenu.data()) {
+        switch (type) {
         case QEvent::ActionAdded:
         case QEvent::ActionRemoved:
             resetData();
