@@ -33,6 +33,8 @@ ensure_packages() {
 
 jobs=$(nproc 2>/dev/null || echo 2)
 export CCACHE_DIR=${CCACHE_DIR:-$HOME/.cache/ccache}
+# Share the cache between clones of the tree (CI builds in a fresh clone).
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=true
 
 # configure DIR [cmake args...]: configures once; later runs only rebuild.
 configure() {
