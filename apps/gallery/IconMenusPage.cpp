@@ -114,9 +114,8 @@ QWidget *makeIconMenusPage()
     d.bar->setAttribute(Qt::WA_DeleteOnClose, false);
     d.bar->setGeometry(0, 0, 580, 60);
 
-    auto *toolsLabel
-        = new QLabel(QObject::tr("Tool buttons: bare and framed, without and with a menu"), page);
-    toolsLabel->setGeometry(0, 290, 560, 20);
+    auto *toolsLabel = new QLabel(QObject::tr("Tool buttons, bare and framed"), page);
+    toolsLabel->setGeometry(0, 290, 380, 20);
     auto *toolMenu = new QMenu(page);
     for (int i = 0; i < 4; ++i)
         toolMenu->addAction(glyph(i, 24, QColor(60, 60, 60)), QObject::tr("Choice %1").arg(i + 1));
