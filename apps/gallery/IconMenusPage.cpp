@@ -112,7 +112,7 @@ QWidget *makeIconMenusPage()
     d.root = buildMenus(page);
     d.bar = new IconMenuBarView(d.root, nullptr, page);
     d.bar->setAttribute(Qt::WA_DeleteOnClose, false);
-    d.bar->setGeometry(0, 0, 580, 60);
+    d.bar->setGeometry(100, 0, 580, 60);
 
     auto *toolsLabel = new QLabel(QObject::tr("Tool buttons, bare and framed"), page);
     toolsLabel->setGeometry(0, 290, 380, 20);
@@ -148,12 +148,13 @@ QWidget *makeIconMenusPage()
     d.openCombo->setGeometry(200, 440, 170, 22);
 
     auto *tallLabel = new QLabel(QObject::tr("60 rows: scroll marks"), page);
-    tallLabel->setGeometry(420, 360, 200, 20);
+    tallLabel->setGeometry(610, 316, 200, 22);
+    tallLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     d.tallCombo = new MyComboBox(page);
     for (int i = 1; i <= 60; ++i)
         d.tallCombo->addItem(QObject::tr("Style sheet %1").arg(i));
     d.tallCombo->setCurrentIndex(30);
-    d.tallCombo->setGeometry(420, 386, 160, 22);
+    d.tallCombo->setGeometry(820, 316, 160, 22);
     return page;
 }
 
@@ -180,12 +181,17 @@ void paintWidget(QPainter &p, QWidget *window, QWidget *w)
     p.drawPixmap(w->mapTo(window, QPoint(0, 0)), w->grab());
 }
 
-void paintPopup(QPainter &p, QWidget *window, IconMenu *popup)
+// Paints a popup where it stands on the screen; with `leftAt`, at that window x instead (the
+// offscreen screen is narrower than the gallery window, so a popup opened from the right-hand
+// side of the page is pushed left on the screen but drawn where a wide screen would show it).
+void paintPopup(QPainter &p, QWidget *window, IconMenu *popup, int leftAt = -1)
 {
     if (!popup)
         return;
-    p.drawPixmap(
-        popup->mapToGlobal(QPoint(0, 0)) - window->mapToGlobal(QPoint(0, 0)), popup->grab());
+    QPoint at = popup->mapToGlobal(QPoint(0, 0)) - window->mapToGlobal(QPoint(0, 0));
+    if (leftAt >= 0)
+        at.setX(leftAt);
+    p.drawPixmap(at, popup->grab());
     popup->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -214,7 +220,7 @@ QImage shootIconMenus(QWidget *window, QWidget *)
     d.tallCombo->showPopup();
     settle();
     paintWidget(p, window, d.tallCombo);
-    paintPopup(p, window, topPopup());
+    paintPopup(p, window, topPopup(), d.tallCombo->mapTo(window, QPoint(0, 0)).x());
     return shot;
 }
 
