@@ -91,7 +91,7 @@ bench)
     build build-bench
     export QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96
     for b in build-bench/bench/bench_*; do
-        [ -x "$b" ] || continue
+        [ -f "$b" ] && [ -x "$b" ] || continue
         echo "== $(basename "$b")"
         "$b" --benchmark_counters_tabular=true "$@"
     done
@@ -103,7 +103,7 @@ fuzz)
         -DTAVO_BUILD_TESTS=OFF -DTAVO_BUILD_GALLERY=OFF -DTAVO_BUILD_FUZZ=ON
     build build-fuzz
     for f in build-fuzz/fuzz/fuzz_*; do
-        [ -x "$f" ] || continue
+        [ -f "$f" ] && [ -x "$f" ] || continue
         name=$(basename "$f")
         corpus=fuzz/corpus-run/$name
         mkdir -p "$corpus"
