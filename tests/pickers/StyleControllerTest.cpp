@@ -8,7 +8,6 @@
 #include "pickers/PickerRoles.h"
 #include "style/Device.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QSignalSpy>
 #include <QTest>
@@ -49,11 +48,8 @@ private slots:
         for (const QList<QVariant> &signal : qAsConst(texts_))
             QVERIFY(signal.first().toString() != "Temp");
 
-        const QSize icon = combo.iconSize();
-        QCOMPARE(icon.width(), int(Device::scale(100.0)));
-        QCOMPARE(icon.height(), combo.view()->sizeHintForRow(0));
-        QVERIFY(!combo.itemIcon(1).isNull());
-        QCOMPARE(combo.itemIcon(1).availableSizes().value(0), icon);
+        QCOMPARE(combo.iconSize().width(), int(Device::scale(100.0)));
+        QCOMPARE(combo.itemIcon(1).availableSizes().value(0), combo.iconSize());
         // A null preview still lists the style, without an icon.
         QVERIFY(combo.itemIcon(3).isNull());
         QCOMPARE(controller.penStyleAt(3, &combo), short(3));
