@@ -1,7 +1,6 @@
 // Relative forms of search paths: within one root they always exist, across roots never.
 #include "core/units/MakeRelativePath.h"
 #include "TestRegistry.h"
-#include "core/units/SearchPath.h"
 
 #include <QTest>
 
@@ -14,39 +13,20 @@ private slots:
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("base");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("below") << "/a/b/c.txt"
-                               << "/a"
-                               << "b/c.txt";
-        QTest::newRow("beside") << "/a/x"
-                                << "/a/b/c"
-                                << "../../x";
-        QTest::newRow("same folder") << "/a/b"
-                                     << "/a/b"
-                                     << ".";
-        QTest::newRow("parent") << "/a"
-                                << "/a/b"
-                                << "..";
-        QTest::newRow("trailing slash") << "/a/b/f"
-                                        << "/a/b/"
-                                        << "f";
-        QTest::newRow("dots resolved") << "/a/b/../c"
-                                       << "/a/./d"
-                                       << "../c";
-        QTest::newRow("from root") << "/etc/fonts"
-                                   << "/"
-                                   << "etc/fonts";
-        QTest::newRow("case kept on posix") << "/A/x"
-                                            << "/a"
-                                            << "../A/x";
-        QTest::newRow("drive letters ignore case") << "c:/X/y"
-                                                   << "C:/x"
-                                                   << "y";
-        QTest::newRow("backslashes") << "C:\\data\\fonts"
-                                     << "C:\\data\\images"
-                                     << "../fonts";
-        QTest::newRow("same share") << "//srv/share/a/b"
-                                    << "//SRV/share/a"
-                                    << "b";
+        auto row = [](const char *name, const char *path, const char *base, const char *expected) {
+            QTest::newRow(name) << QString(path) << QString(base) << QString(expected);
+        };
+        row("below", "/a/b/c.txt", "/a", "b/c.txt");
+        row("beside", "/a/x", "/a/b/c", "../../x");
+        row("same folder", "/a/b", "/a/b", ".");
+        row("parent", "/a", "/a/b", "..");
+        row("trailing slash", "/a/b/f", "/a/b/", "f");
+        row("dots resolved", "/a/b/../c", "/a/./d", "../c");
+        row("from root", "/etc/fonts", "/", "etc/fonts");
+        row("case kept on posix", "/A/x", "/a", "../A/x");
+        row("drive letters ignore case", "c:/X/y", "C:/x", "y");
+        row("backslashes", "C:\\data\\fonts", "C:\\data\\images", "../fonts");
+        row("same share", "//srv/share/a/b", "//SRV/share/a", "b");
     }
     void relativeForms()
     {
@@ -62,24 +42,18 @@ private slots:
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("base");
-        QTest::newRow("different drives") << "C:/x/y"
-                                          << "D:/x";
-        QTest::newRow("drive and posix root") << "C:/x"
-                                              << "/x";
-        QTest::newRow("different shares") << "//srv/share/a"
-                                          << "//srv/other/a";
-        QTest::newRow("different servers") << "//one/share"
-                                           << "//two/share";
-        QTest::newRow("relative path") << "fonts/a"
-                                       << "/a";
-        QTest::newRow("relative base") << "/a/b"
-                                       << "a";
-        QTest::newRow("drive-relative") << "C:x"
-                                        << "C:/x";
-        QTest::newRow("empty path") << ""
-                                    << "/a";
-        QTest::newRow("empty base") << "/a"
-                                    << "";
+        auto row = [](const char *name, const char *path, const char *base) {
+            QTest::newRow(name) << QString(path) << QString(base);
+        };
+        row("different drives", "C:/x/y", "D:/x");
+        row("drive and posix root", "C:/x", "/x");
+        row("different shares", "//srv/share/a", "//srv/other/a");
+        row("different servers", "//one/share", "//two/share");
+        row("relative path", "fonts/a", "/a");
+        row("relative base", "/a/b", "a");
+        row("drive-relative", "C:x", "C:/x");
+        row("empty path", "", "/a");
+        row("empty base", "/a", "");
     }
     void noRelativeForm()
     {
@@ -88,22 +62,6 @@ private slots:
         QString relative = QStringLiteral("untouched");
         QVERIFY(!MakeRelativePath(path, base, relative));
         QCOMPARE(relative, QStringLiteral("untouched"));
-    }
-
-    void searchPathRecord()
-    {
-        OmaLib::SearchPath empty;
-        QVERIFY(empty.path.isEmpty());
-        QVERIFY(!empty.relative);
-        QVERIFY(!empty.subfolder);
-        OmaLib::SearchPath entry;
-        entry.path = QStringLiteral("fonts");
-        entry.relative = true;
-        entry.subfolder = true;
-        OmaLib::SearchPath copy(entry);
-        empty = entry;
-        QCOMPARE(copy.path, entry.path);
-        QVERIFY(copy.relative && copy.subfolder && empty.relative && empty.subfolder);
     }
 };
 

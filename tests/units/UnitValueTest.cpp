@@ -21,7 +21,6 @@ private slots:
             -98765.4321, 1e12, -1e15, 0.125, 2.675, 1.005, 999.9999995 };
         int count = 0;
         const unsigned int *codes = CUnit::allCodes(&count);
-        int checked = 0;
         for (int c = 0; c < count; ++c) {
             const CUnit unit(codes[c]);
             for (int precision = 0; precision <= 6; ++precision) {
@@ -36,11 +35,9 @@ private slots:
                                        .arg(text)
                                        .arg(back->Value(), 0, 'g', 17)
                                        .arg(printed, 0, 'g', 17)));
-                    ++checked;
                 }
             }
         }
-        QCOMPARE(checked, 19 * 7 * int(sizeof(values) / sizeof(values[0])));
     }
 
     void printedForms()
@@ -57,7 +54,7 @@ private slots:
         QCOMPARE(UnitValue(0.1, CUnit(CUnit::MM)).strWithUnit(99), QStringLiteral("0.1mm"));
     }
 
-    void numbersWithoutUnit()
+    void numbersWithoutUnitAndNonFinite()
     {
         NumToStr formatter;
         QCOMPARE(formatter.get(12.5, 4), QStringLiteral("12.5"));
@@ -65,10 +62,7 @@ private slots:
         QCOMPARE(formatter.get(-0.00001, 4), QStringLiteral("0"));
         QCOMPARE(formatter.get(100.0, 4), QStringLiteral("100"));
         QCOMPARE(formatter.get(std::numeric_limits<double>::infinity(), 2), QStringLiteral("inf"));
-    }
-
-    void nonFiniteValuesDoNotReadBack()
-    {
+        // Printed non-finite values do not read back as a number.
         const QString text
             = UnitValue(std::numeric_limits<double>::quiet_NaN(), CUnit(CUnit::MM)).strWithUnit(2);
         CParser parser(text.toLatin1().toStdString());
