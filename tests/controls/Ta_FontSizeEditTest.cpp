@@ -46,18 +46,17 @@ private slots:
     {
         QSignalSpy values(
             mEdit.get(), QOverload<const UnitValue &>::of(&Ta_UnitEdit::valueChanged));
-        QTest::keyClicks(mEdit.get(), QStringLiteral("12 ch"));
-        QCOMPARE(qvariant_cast<UnitValue>(values.last().at(0)), pt(-12.0));
-        mEdit->clear();
-        QTest::keyClicks(mEdit.get(), QStringLiteral("14.5CH  "));
-        QCOMPARE(qvariant_cast<UnitValue>(values.last().at(0)), pt(-14.5));
-        mEdit->clear();
-        QTest::keyClicks(mEdit.get(), QStringLiteral("12"));
-        QCOMPARE(qvariant_cast<UnitValue>(values.last().at(0)), pt(12.0));
+        auto typed = [&](const QString &text) {
+            mEdit->clear();
+            QTest::keyClicks(mEdit.get(), text);
+            return qvariant_cast<UnitValue>(values.last().at(0));
+        };
+        QCOMPARE(typed(QStringLiteral("12 ch")), pt(-12.0));
+        QCOMPARE(typed(QStringLiteral("14.5CH  ")), pt(-14.5));
+        QCOMPARE(typed(QStringLiteral("12")), pt(12.0));
 
         // The suffix alone leaves nothing for the parser: invalid.
-        mEdit->clear();
-        QTest::keyClicks(mEdit.get(), QStringLiteral("ch"));
+        typed(QStringLiteral("ch"));
         bool ok = true;
         mEdit->value(&ok);
         QVERIFY(!ok);
