@@ -1,11 +1,12 @@
 #include "menus/IconMenuToolButton.h"
 
+#include "menus/ButtonFace.h"
+
 #include "core/ImageFunctions.h"
 #include "menus/IconMenu.h"
 #include "style/Device.h"
 
 #include <QAction>
-#include <QLinearGradient>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -138,29 +139,8 @@ void IconMenuToolButton::paintBare(QPainter &painter)
 
 void IconMenuToolButton::paintFramed(QPainter &painter)
 {
-    const QRectF r = QRectF(rect().adjusted(1, 1, -1, -1)).translated(0.5, -0.5);
-    const double radius = Device::scale(2.0);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    const QColor base(220, 220, 220, 255);
     const bool inverted = !(!menuShown() && (menu() || !isDown()));
-    const QColor colour = inverted ? base.darker(120) : (hasFocus() ? base : base.darker(104));
-    QLinearGradient gradient(r.topLeft(), r.bottomLeft());
-    gradient.setColorAt(inverted ? 1 : 0, colour.lighter(124));
-    gradient.setColorAt(inverted ? 0 : 1, colour.lighter(102));
-    painter.setPen(Qt::transparent);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(r, radius, radius);
-
-    const QColor line(0, 0, 0, 50);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(isEnabled() ? line : line.lighter(115));
-    painter.drawRoundedRect(r, radius, radius);
-    QColor glow(Qt::white);
-    glow.setAlpha(30);
-    painter.setPen(glow);
-    painter.drawRoundedRect(r.adjusted(1, 1, -1, -1), radius, radius);
-    painter.restore();
+    TavoLib::paintButtonFace(painter, rect(), inverted, true, hasFocus(), isEnabled());
 
     if (menu()) {
         const QPixmap arrow = toolArrow();

@@ -1,9 +1,10 @@
 #include "menus/MyComboBox.h"
 
+#include "menus/ButtonFace.h"
+
 #include "menus/IconMenu.h"
 #include "style/Device.h"
 
-#include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -58,30 +59,7 @@ void MyComboBox::mousePressEvent(QMouseEvent *event)
 void MyComboBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QRectF r = QRectF(rect().adjusted(1, 1, -1, -1)).translated(0.5, -0.5);
-    const double radius = Device::scale(2.0);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-    const QColor base(220, 220, 220, 255);
-    const bool inverted = !mPopup.isNull();
-    const QColor colour = inverted ? base.darker(120) : (hasFocus() ? base : base.darker(104));
-    QLinearGradient gradient(r.topLeft(), r.bottomLeft());
-    gradient.setColorAt(0, colour.lighter(124));
-    gradient.setColorAt(1, colour.lighter(102));
-    painter.setPen(Qt::transparent);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(r, radius, radius);
-
-    const QColor line(0, 0, 0, 50);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(isEnabled() ? line : line.lighter(115));
-    painter.drawRoundedRect(r, radius, radius);
-    QColor glow(Qt::white);
-    glow.setAlpha(30);
-    painter.setPen(glow);
-    painter.drawRoundedRect(r.adjusted(1, 1, -1, -1), radius, radius);
-    painter.restore();
+    TavoLib::paintButtonFace(painter, rect(), !mPopup.isNull(), false, hasFocus(), isEnabled());
 
     const QIcon arrowIcon(QStringLiteral(":/combobox_arrows.png"));
     if (!arrowIcon.isNull()) {
