@@ -1,5 +1,6 @@
 // Brush lists in combo boxes and gradient menus: sorting, canonical identifiers, filters,
 // reading the choice, and the framed previews.
+#include "ComboTexts.h"
 #include "TestBrushProvider.h"
 #include "TestRegistry.h"
 #include "core/ColorBrush.h"
@@ -18,13 +19,7 @@ using TavoTest::TestBrushProvider;
 
 namespace {
 
-QStringList texts(const QComboBox &combo)
-{
-    QStringList result;
-    for (int i = 0; i < combo.count(); ++i)
-        result << combo.itemText(i);
-    return result;
-}
+using TavoTest::comboTexts;
 
 } // namespace
 
@@ -41,7 +36,7 @@ private slots:
         QComboBox combo;
         // 50 is another identifier of "Red": it selects the listed red.
         controller.populate(&combo, false, 50);
-        QCOMPARE(texts(combo),
+        QCOMPARE(comboTexts(combo),
             QStringList({ "Black", "Cyan", "lime", "Linear Grey", "Radial Red", "Red",
                 "Registration", "White" }));
         QCOMPARE(combo.currentText(), QStringLiteral("Red"));
@@ -75,7 +70,8 @@ private slots:
         // Only colours: the gradients go, and a gradient as current selects the first.
         QComboBox combo;
         controller.populate(&combo, true, 10);
-        QCOMPARE(texts(combo), QStringList({ "Black", "Cyan", "Red", "Registration", "White" }));
+        QCOMPARE(
+            comboTexts(combo), QStringList({ "Black", "Cyan", "Red", "Registration", "White" }));
         QCOMPARE(combo.currentIndex(), 0);
     }
 

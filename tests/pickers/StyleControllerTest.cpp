@@ -1,5 +1,6 @@
 // Pen style and line-head combo boxes: population with the measuring placeholder, aliases,
 // null previews and reading the choice.
+#include "ComboTexts.h"
 #include "TestLineHeadStyleProvider.h"
 #include "TestPenStyleProvider.h"
 #include "TestRegistry.h"
@@ -18,13 +19,7 @@ using TavoTest::TestPenStyleProvider;
 
 namespace {
 
-QStringList texts(const QComboBox &combo)
-{
-    QStringList result;
-    for (int i = 0; i < combo.count(); ++i)
-        result << combo.itemText(i);
-    return result;
-}
+using TavoTest::comboTexts;
 
 } // namespace
 
@@ -43,7 +38,8 @@ private slots:
         QSignalSpy texts_(&combo, &QComboBox::currentTextChanged);
         // 20 stands for "Solid".
         controller.populate(&combo, 20);
-        QCOMPARE(texts(combo), QStringList({ "Existing", "Solid", "Dash", "Dot", "Dash Dot" }));
+        QCOMPARE(
+            comboTexts(combo), QStringList({ "Existing", "Solid", "Dash", "Dot", "Dash Dot" }));
         QCOMPARE(combo.currentIndex(), 1);
         for (const QList<QVariant> &signal : qAsConst(texts_))
             QVERIFY(signal.first().toString() != "Temp");
@@ -95,8 +91,9 @@ private slots:
         QComboBox end;
         controller.populate(true, &start, 2);
         controller.populate(false, &end, 20);
-        QCOMPARE(texts(start), QStringList({ "None", "Filled Arrow", "Open Arrow", "Circle" }));
-        QCOMPARE(texts(end), texts(start));
+        QCOMPARE(
+            comboTexts(start), QStringList({ "None", "Filled Arrow", "Open Arrow", "Circle" }));
+        QCOMPARE(comboTexts(end), comboTexts(start));
         QCOMPARE(controller.currentStyle(&start), short(2));
         QCOMPARE(controller.currentStyle(&end), short(1));
         QCOMPARE(start.iconSize().width(), int(Device::scale(40.0)));
