@@ -146,6 +146,8 @@ UnitValue Ta_UnitEdit::checkRanges(const UnitValue &v)
 
 void Ta_UnitEdit::checkRanges()
 {
+    // Kept on purpose: value(nullptr) is already clamped, so this never redisplays; after a
+    // limit setter the text follows at the next commit.
     const UnitValue clamped = checkRanges(value(nullptr));
     if (clamped != value(nullptr))
         setValue(clamped);
@@ -212,10 +214,9 @@ void Ta_UnitEdit::myTextChangedSlot(const QString &text)
 {
     // An allowed empty text counts as a valid entry (of the default value).
     bool ok = mAllowEmpty;
+    // An emptied field that may not be empty is refilled inside value(), which reports the
+    // new text first; the emptied text is then reported too, as its own keystroke.
     const UnitValue v = value(text, &ok);
-    // An emptied field that was refilled has already been reported for its new text.
-    if (this->text() != text)
-        return;
     if (!ok) {
         emit valueChanged(tr("invalid"));
     } else {

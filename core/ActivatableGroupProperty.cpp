@@ -31,7 +31,7 @@ void ActivatableGroupProperty::copyValueFrom(const Property &other)
 
 QString ActivatableGroupProperty::valueString() const
 {
-    return (mActive ? QStringLiteral("on") : QStringLiteral("off")) + GroupProperty::valueString();
+    return summary(mProperties, { mActive ? QStringLiteral("On") : QStringLiteral("Off") });
 }
 
 void ActivatableGroupProperty::intersectValue(const Property &other)

@@ -9,8 +9,13 @@ AttributeMap &AttributeMap::operator=(const AttributeMap &other) = default;
 
 TAutoPtr<Attribute const> &AttributeMap::insert(TAutoPtr<Attribute const> attribute)
 {
-    const AttributeKey key = attribute ? attribute->key() : AttributeKey();
-    TAutoPtr<Attribute const> &slot = (*this)[key];
+    if (!attribute) {
+        // Nothing is stored; the caller gets an empty slot that belongs to no map.
+        static thread_local TAutoPtr<Attribute const> none;
+        none = nullptr;
+        return none;
+    }
+    TAutoPtr<Attribute const> &slot = (*this)[attribute->key()];
     slot = attribute;
     return slot;
 }

@@ -17,7 +17,7 @@ public:
     AttributeMap &operator=(const AttributeMap &other);
 
     // Stores under the attribute's key, replacing an earlier entry, and gives back the stored
-    // pointer. A null attribute is stored under the null key.
+    // pointer. A null attribute is ignored (an empty pointer comes back).
     TAutoPtr<Attribute const> &insert(TAutoPtr<Attribute const> attribute);
 
     // Same keys, and under each key attributes with the same values.

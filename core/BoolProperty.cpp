@@ -29,7 +29,7 @@ void BoolProperty::copyValueFrom(const Property &other)
 
 QString BoolProperty::valueString() const
 {
-    return mOn ? QStringLiteral("1") : QStringLiteral("0");
+    return mOn ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
 } // namespace TavoLib

@@ -1,6 +1,7 @@
 #include "core/CustomColorProperty.h"
 
 #include <QColor>
+#include <QLocale>
 #include <cmath>
 
 namespace TavoLib {
@@ -45,8 +46,17 @@ void CustomColorProperty::copyValueFrom(const Property &other)
 
 QString CustomColorProperty::valueString() const
 {
-    return QString::number(mRed, 'g', 17) + QLatin1Char(' ') + QString::number(mGreen, 'g', 17)
-        + QLatin1Char(' ') + QString::number(mBlue, 'g', 17);
+    // "#rrggbb"; channels that lie between two 8-bit steps add their exact numbers, so that
+    // two different colours never read alike.
+    const auto exact = [](double v) { return double(qRound(v * 255.0)) / 255.0 == v; };
+    QString text = QColor::fromRgbF(mRed, mGreen, mBlue).name();
+    if (!exact(mRed) || !exact(mGreen) || !exact(mBlue)) {
+        const auto number
+            = [](double v) { return QString::number(v, 'f', QLocale::FloatingPointShortest); };
+        text += QStringLiteral(" (") + number(mRed) + QLatin1Char(' ') + number(mGreen)
+            + QLatin1Char(' ') + number(mBlue) + QLatin1Char(')');
+    }
+    return text;
 }
 
 } // namespace TavoLib

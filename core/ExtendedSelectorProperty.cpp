@@ -44,7 +44,10 @@ void ExtendedSelectorProperty::copyValueFrom(const Property &other)
 
 QString ExtendedSelectorProperty::valueString() const
 {
-    return quoted(mCurrent) + GroupProperty::valueString();
+    // The chosen child's name first, then what the children hold (a choice without a value
+    // of its own adds nothing).
+    const TAutoPtr<Property> chosen = current();
+    return summary(mProperties, { chosen ? summaryItem(chosen->visibleName()) : QString() });
 }
 
 void ExtendedSelectorProperty::intersectValue(const Property &other)

@@ -23,7 +23,9 @@ void FontSizeProperty::copyValueFrom(const Property &other)
 
 QString FontSizeProperty::valueString() const
 {
-    return UnitValueProperty::valueString() + QLatin1Char(' ') + QString::number(mReferenceSizeType);
+    return mReferenceSizeType == CapHeight
+        ? UnitValueProperty::valueString() + QStringLiteral(" Cap Height")
+        : UnitValueProperty::valueString();
 }
 
 } // namespace TavoLib

@@ -54,16 +54,13 @@ void GroupProperty::copyValueFrom(const Property &other)
 
 QString GroupProperty::valueString() const
 {
-    QString text = QStringLiteral("{");
-    bool first = true;
-    for (const Property::Ptr &child : mProperties) {
-        if (!first)
-            text += QLatin1Char(';');
-        first = false;
-        text += quoted(child->uniqueName()) + QLatin1Char('=') + child->toString();
-    }
-    text += QLatin1Char('}');
-    return text;
+    return summary(mProperties);
+}
+
+bool GroupProperty::reaches(const PropertyDictionary *dictionary) const
+{
+    return static_cast<const PropertyDictionary *>(this) == dictionary
+        || anyReaches(mProperties, dictionary);
 }
 
 bool GroupProperty::valueCountsWhenUndefined() const

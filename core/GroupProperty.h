@@ -2,8 +2,8 @@
 
 // A group is a property whose value is its children: it is itself an ordered dictionary of
 // them, reached through the PropertyDictionary base of the same object (with one shared
-// count). Its canonical text covers every child in order, so a changed child changes the
-// group's text; intersect and copyValueFrom work child by child, by position.
+// count). Its text summarises every child in order, so a changed child changes the group's
+// text; intersect and copyValueFrom work child by child, by position.
 #include "core/PropertyDictionary.h"
 
 namespace TavoLib {
@@ -35,6 +35,7 @@ protected:
     QString valueString() const override;
     bool valueCountsWhenUndefined() const override;
     void intersectValue(const Property &other) override;
+    bool reaches(const PropertyDictionary *dictionary) const override;
 
 private:
     GroupProperty &operator=(const GroupProperty &) = delete;

@@ -78,14 +78,12 @@ void ListProperty::copyValueFrom(const Property &other)
 
 QString ListProperty::valueString() const
 {
-    QString text = QStringLiteral("[");
-    for (size_t i = 0; i < mElements.size(); ++i) {
-        if (i)
-            text += QLatin1Char(';');
-        text += mElements[i]->toString();
-    }
-    text += QLatin1Char(']');
-    return text;
+    return summary(mElements);
+}
+
+bool ListProperty::reaches(const PropertyDictionary *dictionary) const
+{
+    return anyReaches(mElements, dictionary);
 }
 
 bool ListProperty::valueCountsWhenUndefined() const

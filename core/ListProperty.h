@@ -50,6 +50,7 @@ public:
 protected:
     QString valueString() const override;
     bool valueCountsWhenUndefined() const override;
+    bool reaches(const PropertyDictionary *dictionary) const override;
     void intersectValue(const Property &other) override;
 
 private:

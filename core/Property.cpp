@@ -22,11 +22,56 @@ Property::Property(const Property &other)
 
 Property::~Property() = default;
 
+namespace {
+
+// Marks an undefined value inside toString(): an en dash, which no plain value text starts
+// with unquoted.
+const QChar kUndefinedMark(0x2013);
+
+bool quoteWrapped(const QString &text)
+{
+    return text.size() >= 2 && text.startsWith(QLatin1Char('"')) && text.endsWith(QLatin1Char('"'));
+}
+
+} // namespace
+
 QString Property::toString() const
 {
-    if (mUndefined && !valueCountsWhenUndefined())
-        return QStringLiteral("U");
-    return (mUndefined ? QStringLiteral("U:") : QStringLiteral("D:")) + valueString();
+    if (valueCountsWhenUndefined()) {
+        const QString text = valueString();
+        return mUndefined ? kUndefinedMark + (QLatin1Char('(') + text + QLatin1Char(')')) : text;
+    }
+    if (mUndefined)
+        return QString(kUndefinedMark);
+    // A value that looks like the undefined mark or like a quoted text is quoted itself, so
+    // that the reading stays unambiguous; every other text stands as the user reads it.
+    const QString text = valueString();
+    return text.startsWith(kUndefinedMark) || quoteWrapped(text) ? quoted(text) : text;
+}
+
+QString Property::summaryItem(const QString &text)
+{
+    const bool misreadable = text.isEmpty() || text.startsWith(kUndefinedMark)
+        || text.contains(QLatin1Char('"')) || text.contains(QLatin1Char('('))
+        || text.contains(QLatin1Char(')')) || text.contains(QLatin1String(", "));
+    return misreadable ? quoted(text) : text;
+}
+
+QString Property::summary(
+    const std::vector<TAutoPtr<Property>> &children, const QStringList &leading)
+{
+    QStringList parts = leading;
+    for (const TAutoPtr<Property> &child : children) {
+        if (child->valueCountsWhenUndefined()) {
+            const QString text = child->toString();
+            parts << (child->isUndefined() ? text : QLatin1Char('(') + text + QLatin1Char(')'));
+        } else if (child->isUndefined()) {
+            parts << QString(kUndefinedMark);
+        } else if (qstrcmp(child->kindName(), "Property") != 0) {
+            parts << summaryItem(child->valueString());
+        }
+    }
+    return parts.join(QLatin1String(", "));
 }
 
 void Property::intersect(TAutoPtr<Property const> other)
@@ -52,6 +97,21 @@ QString Property::valueString() const
 
 bool Property::valueCountsWhenUndefined() const
 {
+    return false;
+}
+
+bool Property::reaches(const PropertyDictionary *) const
+{
+    return false;
+}
+
+bool Property::anyReaches(
+    const std::vector<TAutoPtr<Property>> &children, const PropertyDictionary *dictionary)
+{
+    for (const TAutoPtr<Property> &child : children) {
+        if (child->reaches(dictionary))
+            return true;
+    }
     return false;
 }
 

@@ -6,16 +6,23 @@
 // nothing was set, or several edited objects differ. Kinds derive from Property and are told
 // apart by a checked cast: TAutoPtr<IntegerProperty>(property) is null for other kinds.
 //
-// toString() is the canonical text of the value: two properties of one kind have equal texts
-// exactly when their defined states and values are equal, and a group's text covers its
-// children in order. valueText() is the display form.
+// toString() is the value as a user reads it ("12.5mm", "Yes", "Bold", "#ff8000"), and at the
+// same time the canonical text of the value: two properties of one kind give equal texts
+// exactly when their values and defined states are equal. A group or list gives a short
+// summary of its children ("12mm, Bold, (2, Left)") that changes whenever a child's value or
+// defined state does. valueText() is the display form for editors.
 #include "core/StreamableObject.h"
 
 #include <QIcon>
 #include <QMetaType>
 #include <QString>
+#include <QStringList>
+
+#include <vector>
 
 namespace TavoLib {
+
+class PropertyDictionary;
 
 class TAVOLIBCORE_EXPORT Property : public StreamableObject
 {
@@ -54,16 +61,30 @@ public:
     virtual const char *kindName() const;
 
 protected:
-    // The canonical text of the value alone, without the defined state.
+    // The readable text of the value alone, without the defined state and without the
+    // quoting that keeps it apart from the undefined mark.
     virtual QString valueString() const;
     // Whether the value is still part of toString() while undefined (groups and lists are,
     // so that a change below an undefined parent is still seen).
     virtual bool valueCountsWhenUndefined() const;
     // Merges a property of the same kind; the default compares valueString().
     virtual void intersectValue(const Property &other);
+    // Whether `dictionary` is this property or lies below it (groups and list elements).
+    virtual bool reaches(const PropertyDictionary *dictionary) const;
+    // The same, for any of the children of a group or list.
+    static bool anyReaches(
+        const std::vector<TAutoPtr<Property>> &children, const PropertyDictionary *dictionary);
 
-    // Quotes a piece of canonical text so that texts of different structure never collide.
+    // Quotes text with backslash escapes: "a \"b\"".
     static QString quoted(const QString &text);
+    // A summary of children for groups and lists: each child's text, joined by ", ".
+    // Composite children stand in parentheses; texts that could be misread are quoted; an
+    // undefined child shows as the undefined mark; a bare property without a value shows
+    // only when undefined.
+    static QString summary(const std::vector<TAutoPtr<Property>> &children,
+        const QStringList &leading = QStringList());
+    // Quotes a child's text for a summary when it could be misread there.
+    static QString summaryItem(const QString &text);
 
 public:
     // The virtual operations the editors rely on, in this order.
@@ -76,6 +97,7 @@ public:
     void setIconName(const QString &name) { mIconName = name; }
 
 private:
+    friend class PropertyDictionary;
     Property &operator=(const Property &) = delete;
 
     QString mUniqueName;

@@ -5,7 +5,6 @@
 // Copying a dictionary copies the pointers, not the properties; clone() is deep.
 #include "core/Property.h"
 
-#include <QHash>
 #include <vector>
 
 namespace TavoLib {
@@ -33,7 +32,8 @@ public:
 
     // The property named `uniqueName`; null when absent.
     Property::Ptr property(const QString &uniqueName) const;
-    // Appends, or replaces the entry of the same uniqueName where it stands. Null is ignored.
+    // Appends, or replaces the entry of the same uniqueName where it stands. Null is ignored,
+    // and so is a property that this dictionary belongs to (a group into itself or below).
     void insertProperty(Property::Ptr property);
     // Removes the entry named `uniqueName`; false when absent.
     bool removeProperty(const QString &uniqueName);
@@ -46,9 +46,7 @@ protected:
     std::vector<Property::Ptr> mProperties;
 
 private:
-    int indexOf(const QString &uniqueName, bool scanOnMiss) const;
-    void reindex() const;
-    mutable QHash<QString, int> mIndex;
+    int indexOf(const QString &uniqueName) const;
 };
 
 } // namespace TavoLib

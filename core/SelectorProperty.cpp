@@ -54,7 +54,13 @@ void SelectorProperty::copyValueFrom(const Property &other)
 
 QString SelectorProperty::valueString() const
 {
-    return QString::number(mValue);
+    // The item's name; an empty name, or one that another item shares, gets its id as well,
+    // so that two items never read alike.
+    const QString name = itemName(mValue);
+    bool shared = name.isEmpty();
+    for (auto it = mItems.constBegin(); !shared && it != mItems.constEnd(); ++it)
+        shared = it.key() != mValue && it->name == name;
+    return shared ? name + QStringLiteral(" #") + QString::number(mValue) : name;
 }
 
 } // namespace TavoLib

@@ -53,7 +53,7 @@ void StringProperty::copyValueFrom(const Property &other)
 
 QString StringProperty::valueString() const
 {
-    return quoted(mValue);
+    return mValue;
 }
 
 } // namespace TavoLib

@@ -34,7 +34,7 @@ void StylesheetProperty::copyValueFrom(const Property &other)
 
 QString StylesheetProperty::valueString() const
 {
-    return mStylesheet ? quoted(mStylesheet->type()) + quoted(mStylesheet->name()) : QStringLiteral("-");
+    return mStylesheet ? mStylesheet->name() : QString();
 }
 
 } // namespace TavoLib

@@ -89,11 +89,29 @@ private:
     T *mObject;
 };
 
+namespace TAutoPtrDetail {
+// The address two pointers are compared by. When one pointer type converts to the other,
+// both are seen through the common type, as plain C++ pointers are; otherwise by the address
+// of the whole object, so a group seen as a Property and as a PropertyDictionary is one key.
+template<class T, class U>
+const void *comparable(T *p) noexcept
+{
+    using TT = std::remove_cv_t<T>;
+    using UU = std::remove_cv_t<U>;
+    if constexpr (std::is_same<TT, UU>::value || std::is_convertible<TT *, UU *>::value)
+        return static_cast<const UU *>(p);
+    else if constexpr (std::is_convertible<UU *, TT *>::value)
+        return static_cast<const TT *>(p);
+    else
+        return p ? dynamic_cast<const void *>(p) : nullptr;
+}
+} // namespace TAutoPtrDetail
+
 // Comparison and ordering go by the address of the pointee, across const and kind.
 template<class T, class U>
 bool operator==(const TAutoPtr<T> &a, const TAutoPtr<U> &b) noexcept
 {
-    return static_cast<const void *>(a.get()) == static_cast<const void *>(b.get());
+    return TAutoPtrDetail::comparable<T, U>(a.get()) == TAutoPtrDetail::comparable<U, T>(b.get());
 }
 template<class T, class U>
 bool operator!=(const TAutoPtr<T> &a, const TAutoPtr<U> &b) noexcept
@@ -103,7 +121,8 @@ bool operator!=(const TAutoPtr<T> &a, const TAutoPtr<U> &b) noexcept
 template<class T, class U>
 bool operator<(const TAutoPtr<T> &a, const TAutoPtr<U> &b) noexcept
 {
-    return std::less<const void *>()(a.get(), b.get());
+    return std::less<const void *>()(TAutoPtrDetail::comparable<T, U>(a.get()),
+                                     TAutoPtrDetail::comparable<U, T>(b.get()));
 }
 template<class T>
 bool operator==(const TAutoPtr<T> &a, std::nullptr_t) noexcept

@@ -73,13 +73,12 @@ void UnitValueProperty::copyValueFrom(const Property &other)
 
 QString UnitValueProperty::valueString() const
 {
-    return unitValueString(mValue);
-}
-
-QString UnitValueProperty::unitValueString(const UnitValue &value)
-{
-    return QString::number(value.value(), 'g', 17) + QLatin1Char(' ')
-        + QString::number(value.unit().GetUnitID(), 16);
+    // The special value reads as its text only when it is exactly that number in the display
+    // unit; every other value reads in its own unit at full precision.
+    if (!mSpecialValueText.isEmpty() && mValue.unit() == CUnit(mUnit)
+        && mValue.value() == mSpecialValue)
+        return mSpecialValueText;
+    return mValue.strWithUnit();
 }
 
 } // namespace TavoLib

@@ -68,7 +68,6 @@ public:
 
 protected:
     QString valueString() const override;
-    static QString unitValueString(const UnitValue &value);
 
 private:
     UnitValue mValue;

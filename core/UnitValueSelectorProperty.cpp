@@ -84,15 +84,21 @@ void UnitValueSelectorProperty::copyValueFrom(const Property &other)
 
 QString UnitValueSelectorProperty::valueString() const
 {
-    // The chosen mode and every mode's number: a number kept for another mode is part of
-    // the value, since the editor shows it again when that mode is chosen.
-    QString text = QString::number(mValue);
+    // The chosen mode with its number, then the other modes' numbers in brackets: a number
+    // kept for another mode is part of the value, since the editor shows it again when that
+    // mode is chosen. "Exactly 12pt [At least 10pt; Multiple 1.2]"
+    const auto modeText = [this](int id) {
+        const Item &item = mItems[id];
+        return item.name + QLatin1Char(' ') + item.value.strWithUnit();
+    };
+    QString text = mItems.contains(mValue) ? modeText(mValue) : QString();
+    QStringList others;
     for (int id : mIds) {
-        const UnitValue &v = mItems[id].value;
-        text += QLatin1Char(' ') + QString::number(id) + QLatin1Char('=')
-            + QString::number(v.value(), 'g', 17) + QLatin1Char('/')
-            + QString::number(v.unit().GetUnitID(), 16);
+        if (id != mValue)
+            others << modeText(id);
     }
+    if (!others.isEmpty())
+        text += QStringLiteral(" [") + others.join(QStringLiteral("; ")) + QLatin1Char(']');
     return text;
 }
 

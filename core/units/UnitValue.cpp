@@ -1,5 +1,7 @@
 #include "core/units/UnitValue.h"
 
+#include <QLocale>
+
 #include "core/units/NumToStr.h"
 
 double UnitValue::get(const CUnit &unit) const
@@ -16,4 +18,13 @@ double UnitValue::get(const CUnit &unit) const
 QString UnitValue::strWithUnit(int precision) const
 {
     return NumToStr::format(mValue, precision) + QLatin1String(mUnit.latin1Symbol());
+}
+
+QString UnitValue::strWithUnit() const
+{
+    // Fixed notation, never an exponent, which the parser would not read.
+    QString number = QString::number(mValue, 'f', QLocale::FloatingPointShortest);
+    if (number == QLatin1String("-0"))
+        number = QStringLiteral("0");
+    return number + QLatin1String(mUnit.latin1Symbol());
 }

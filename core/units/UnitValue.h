@@ -26,6 +26,9 @@ public:
     // CParser::Calc with the same unit reads it back to the printed number. Values that are
     // not finite print as "inf" or "nan" and do not read back.
     QString strWithUnit(int precision) const;
+    // The shortest text that reads back to exactly this number, with the unit's symbol:
+    // "12.5mm", "0.30000000000000004pt". Two different numbers never print alike.
+    QString strWithUnit() const;
 
     bool operator==(const UnitValue &other) const
     {

@@ -8,7 +8,6 @@
 #include "core/Environment.h"
 #include "core/IntegerProperty.h"
 #include "core/OmaFileInfo.h"
-#include "core/Translator.h"
 #include "core/UnitsPreferences.h"
 
 #include <QSignalSpy>
@@ -49,8 +48,10 @@ private slots:
         QVERIFY(!a.isEqual(b));
         b.insert(Sample::SampleAttribute::create(kFill));
         QVERIFY(!a.isEqual(b));
-        AttributeMap c = b;
-        QVERIFY(c.isEqual(b));
+        // Nothing is stored for a null attribute.
+        QVERIFY(!a.insert(nullptr));
+        QCOMPARE(int(a.size()), 1);
+        QVERIFY(a.find(AttributeKey()) == a.end());
     }
 
     void stylesheetInheritsFromParent()
@@ -79,10 +80,8 @@ private slots:
     void managerByTypeAndName()
     {
         TAutoPtr<StylesheetManager> sheets = Sample::SampleSchema::makeStylesheets();
-        QCOMPARE(sheets->types(), QStringList({ "Paragraph", "Character", "Frame" }));
         QCOMPARE(int(sheets->stylesheetsWithType("Paragraph").size()), 3);
         QVERIFY(sheets->stylesheetsWithType("Nothing").empty());
-        QVERIFY(sheets->stylesheet("Paragraph", "Heading"));
         QVERIFY(!sheets->stylesheet("Character", "Heading"));
         sheets->addStylesheet(new Stylesheet("Paragraph", "Heading", "Replaced"));
         QCOMPARE(int(sheets->stylesheetsWithType("Paragraph").size()), 3);
@@ -102,9 +101,6 @@ private slots:
 
     void servicesBehave()
     {
-        QCOMPARE(Translator::defaultTranslator()->translate("Columns"), QString("Columns"));
-        QVERIFY(Translator::defaultTranslator() == Translator::defaultTranslator());
-
         UnitsPreferences prefs;
         QSignalSpy spy(&prefs, &UnitsPreferences::changed);
         prefs.setLengthUnit(CUnit::Inch);
@@ -112,7 +108,6 @@ private slots:
         prefs.setLengthUnit(0x12345678); // unknown code refused
         QCOMPARE(spy.count(), 1);
         QCOMPARE(prefs.lengthUnit(), unsigned(CUnit::Inch));
-        QVERIFY(UnitsPreferences::defaultInstance() == UnitsPreferences::defaultInstance());
 
         QTemporaryDir dir;
         QFile db(dir.filePath("styles.sqlite"));

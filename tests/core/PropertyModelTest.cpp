@@ -1,14 +1,18 @@
-// The property model: canonical text, merging for multiple selections, deep copies,
+// The property model: readable canonical text, merging for multiple selections, deep copies,
 // dictionaries and lists, and Property::Ptr through queued signals.
 #include "TestRegistry.h"
 
 #include "core/ActivatableGroupProperty.h"
 #include "core/BoolProperty.h"
+#include "core/BrushProperty.h"
 #include "core/CustomColorProperty.h"
 #include "core/ExtendedSelectorProperty.h"
+#include "core/FontProperty.h"
 #include "core/FontSizeProperty.h"
 #include "core/IntegerProperty.h"
+#include "core/LineHeadStyleProperty.h"
 #include "core/ListProperty.h"
+#include "core/PenStyleProperty.h"
 #include "core/Point.h"
 #include "core/SelectorProperty.h"
 #include "core/StringProperty.h"
@@ -16,6 +20,7 @@
 #include "core/UnitValueProperty.h"
 #include "core/UnitValueSelectorProperty.h"
 
+#include <QSet>
 #include <QTest>
 
 using namespace TavoLib;
@@ -47,35 +52,132 @@ class PropertyModelTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void canonicalTextTellsValuesApart()
+    // Every kind's text as a user reads it, over values that differ in small ways. No two
+    // values of one kind read alike, and a group holding one child of each kind reads
+    // differently for every one of them: the group's text is the whole change test.
+    void textIsReadableAndTellsValuesApart()
     {
-        IntegerProperty a("n", "N", 5), b("other", "Other", 5);
-        QCOMPARE(a.toString(), b.toString()); // same value, names do not count
-        b.setValue(6);
-        QVERIFY(a.toString() != b.toString());
-        b.setValue(5);
-        b.setUndefined(true);
-        QVERIFY(a.toString() != b.toString());
-        a.setUndefined(true);
-        QCOMPARE(a.toString(), b.toString());
+        const auto undefined = [](Property *p) {
+            p->setUndefined(true);
+            return Property::Ptr(p);
+        };
+        const auto selector = [](int value) {
+            auto *s = new SelectorProperty("sel", "Sel");
+            s->addItem(1, "Left");
+            s->addItem(2, "Right");
+            s->addItem(3, "Right");
+            s->setValue(value);
+            return s;
+        };
+        const auto extended = [](const QString &current, int blur) {
+            auto *e = new ExtendedSelectorProperty("fx");
+            e->insertProperty(new Property("none", "None"));
+            e->insertProperty(new IntegerProperty("blur", "Blur", blur));
+            e->setCurrent(current);
+            return e;
+        };
+        const auto activatable = [](bool on) {
+            PropertyDictionary d;
+            d.insertProperty(new IntegerProperty("n", "N", 1));
+            return new ActivatableGroupProperty("act", "Act", d, on);
+        };
+        const auto measure = [](double value, unsigned int unit) {
+            auto *u = new UnitValueProperty("m", "M", UnitValue(value, CUnit(unit)), CUnit::MM, -100, 100);
+            u->setSpecialValue(0, "Auto");
+            return u;
+        };
+        const auto fontSize = [](bool capHeight) {
+            auto *f = new FontSizeProperty("fs", "FS", UnitValue(12, CUnit::PT));
+            f->setReferenceSizeType(capHeight ? FontSizeProperty::CapHeight : FontSizeProperty::AscentHeight);
+            return f;
+        };
+        const auto spacing = [](int mode, double exactly) {
+            auto *u = new UnitValueSelectorProperty("sp", "Sp");
+            u->addItem(1, "Exactly", UnitValue(exactly, CUnit::PT), 0, 100, 1);
+            u->addItem(2, "At least", UnitValue(10, CUnit::PT), 0, 100, 1);
+            u->setValue(mode);
+            return u;
+        };
+        const auto list = [](int elements, bool undefinedLast) {
+            auto *l = new ListProperty("l", "L", Property::Ptr(new StringProperty("e", "E")));
+            for (int i = 0; i < elements; ++i)
+                l->insertProperty(i);
+            if (undefinedLast && elements)
+                l->at(elements - 1)->setUndefined(true);
+            return l;
+        };
+        const auto group = [](const QString &text) {
+            PropertyDictionary d;
+            d.insertProperty(new IntegerProperty("n", "N", 2));
+            d.insertProperty(new StringProperty("s", "S", text));
+            return new GroupProperty("g", d);
+        };
+        const auto sheet = [](const QString &name) {
+            return new StylesheetProperty("ss", "SS", "Paragraph",
+                                          name.isEmpty() ? nullptr : new Stylesheet("Paragraph", name));
+        };
 
-        // Quoting keeps strings of different structure apart.
-        StringProperty s1("s", "S", "a\";\"b"), s2("s", "S", "a");
-        QVERIFY(s1.toString() != s2.toString());
-        StringProperty undefinedLooking("s", "S", "U");
-        StringProperty undefinedOne("s", "S");
-        undefinedOne.setUndefined(true);
-        QVERIFY(undefinedLooking.toString() != undefinedOne.toString());
+        // Per kind: properties of different values, each with the text a user reads.
+        const QList<QList<QPair<Property::Ptr, QString>>> kinds{
+            { { new IntegerProperty("i", "I", 5), "5" }, { new IntegerProperty("i", "I", -5), "-5" },
+              { undefined(new IntegerProperty("i", "I", 5)), QString(QChar(0x2013)) } },
+            { { new BoolProperty("b", "B", true), "Yes" }, { new BoolProperty("b", "B", false), "No" },
+              { undefined(new BoolProperty("b", "B")), QString(QChar(0x2013)) } },
+            { { new StringProperty("s", "S", ""), "" },
+              { new StringProperty("s", "S", "a, b"), "a, b" },
+              { new StringProperty("s", "S", QString(QChar(0x2013))), QString("\"%1\"").arg(QChar(0x2013)) },
+              { new StringProperty("s", "S", "\"x\""), "\"\\\"x\\\"\"" },
+              { undefined(new StringProperty("s", "S", "")), QString(QChar(0x2013)) } },
+            { { selector(1), "Left" }, { selector(2), "Right #2" }, { selector(3), "Right #3" } },
+            { { extended("none", 2), "None, 2" }, { extended("blur", 2), "Blur, 2" },
+              { extended("blur", 3), "Blur, 3" }, { extended("", 2), ", 2" } },
+            { { activatable(true), "On, 1" }, { activatable(false), "Off, 1" },
+              { undefined(activatable(true)), QString(QChar(0x2013)) + "(On, 1)" } },
+            { { group("x"), "2, x" }, { group(""), "2, \"\"" }, { group("a, b"), "2, \"a, b\"" },
+              { undefined(group("x")), QString(QChar(0x2013)) + "(2, x)" } },
+            { { list(0, false), "" }, { list(1, false), "\"\"" }, { list(2, false), "\"\", \"\"" },
+              { list(2, true), QString("\"\", %1").arg(QChar(0x2013)) } },
+            { { measure(12.5, CUnit::MM), "12.5mm" },
+              { measure(0.1 + 0.2, CUnit::PT), "0.30000000000000004pt" },
+              { measure(0.3, CUnit::PT), "0.3pt" },
+              { measure(25.4, CUnit::MM), "25.4mm" },
+              { measure(1, CUnit::Inch), "1\"" },
+              { measure(0, CUnit::MM), "Auto" },
+              { measure(0, CUnit::PT), "0pt" } },
+            { { fontSize(false), "12pt" }, { fontSize(true), "12pt Cap Height" } },
+            { { spacing(1, 12), "Exactly 12pt [At least 10pt]" },
+              { spacing(1, 12.25), "Exactly 12.25pt [At least 10pt]" },
+              { spacing(2, 12), "At least 10pt [Exactly 12pt]" } },
+            { { new FontProperty("f", "F", 3), "3" }, { new FontProperty("f", "F", 4), "4" } },
+            { { new BrushProperty("br", "Br", 3), "3" }, { new BrushProperty("br", "Br", -100), "-100" } },
+            { { new PenStyleProperty("p", "P", 1), "1" }, { new PenStyleProperty("p", "P", 2), "2" } },
+            { { new LineHeadStyleProperty("h", "H", 1), "1" }, { new LineHeadStyleProperty("h", "H", 2), "2" } },
+            { { new CustomColorProperty("c", "C", 1, 128 / 255.0, 0), "#ff8000" },
+              { new CustomColorProperty("c", "C", 1, 0.5, 0), "#ff8000 (1 0.5 0)" } },
+            { { sheet(""), "" }, { sheet("Body"), "Body" } },
+        };
 
-        // A group's text follows every child in order.
-        GroupProperty::Ptr g1 = makeGroup(2, "x"), g2 = makeGroup(2, "x");
-        QCOMPARE(g1->toString(), g2->toString());
-        IntegerProperty::Ptr(g2->property("columns"))->setValue(3);
-        QVERIFY(g1->toString() != g2->toString());
-        // ... also below an undefined group.
-        g1->setUndefined(true);
-        g2->setUndefined(true);
-        QVERIFY(g1->toString() != g2->toString());
+        QSet<QString> groupTexts;
+        int variants = 0;
+        for (int k = 0; k < kinds.size(); ++k) {
+            QSet<QString> texts;
+            for (const auto &variant : kinds[k]) {
+                QCOMPARE(variant.first->toString(), variant.second);
+                texts.insert(variant.first->toString());
+                // The same value once more in a group of every kind's first value, nested
+                // one level down.
+                PropertyDictionary inner;
+                for (int other = 0; other < kinds.size(); ++other)
+                    inner.insertProperty(other == k ? variant.first->clone() : kinds[other][0].first->clone());
+                PropertyDictionary outer;
+                outer.insertProperty(new GroupProperty("inner", inner));
+                groupTexts.insert(GroupProperty("outer", outer).toString());
+                ++variants;
+            }
+            QCOMPARE(texts.size(), kinds[k].size());
+        }
+        // Each kind's first value makes the same group once per kind.
+        QCOMPARE(groupTexts.size(), variants - kinds.size() + 1);
     }
 
     void intersectMergesChildByChild()
@@ -191,14 +293,30 @@ private slots:
         QCOMPARE(IntegerProperty::Ptr(d.property("b"))->value(), 20);
         QVERIFY(!d.property("missing"));
 
-        // A renamed entry is still found under its new name.
+        // A renamed entry is found, and replaced, under its new name.
         d.at(0)->setUniqueName("renamed");
-        QVERIFY(d.property("renamed"));
         QVERIFY(!d.property("a"));
+        d.insertProperty(new IntegerProperty("renamed", "R", 9));
+        QCOMPARE(d.size(), 3);
+        QCOMPARE(IntegerProperty::Ptr(d.property("renamed"))->value(), 9);
         QVERIFY(d.removeProperty("b"));
         QVERIFY(!d.removeProperty("b"));
         QCOMPARE(d.at(1)->uniqueName(), QString("c"));
         QVERIFY(!d.at(5));
+
+        // A group never goes into itself or below itself, also through a list element.
+        GroupProperty::Ptr outer = makeGroup(1, "o");
+        GroupProperty::Ptr inner = makeGroup(2, "i");
+        outer->insertProperty(inner);
+        inner->insertProperty(outer);
+        outer->insertProperty(outer);
+        QCOMPARE(inner->size(), 2);
+        QCOMPARE(outer->size(), 3);
+        ListProperty::Ptr list(new ListProperty("l", "L", Property::Ptr(makeGroup(1, ""))));
+        outer->insertProperty(list);
+        GroupProperty::Ptr(list->insertProperty(0))->insertProperty(outer);
+        QCOMPARE(GroupProperty::Ptr(list->at(0))->size(), 2);
+        QVERIFY(!outer->toString().isEmpty()); // terminates
     }
 
     void listInsertRemoveAndBounds()
