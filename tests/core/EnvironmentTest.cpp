@@ -1,7 +1,8 @@
-#include "TestEnvironment.h"
+#include "TestPenStyleProvider.h"
 #include "TestRegistry.h"
 
 #include "core/BrushProviderQt.h"
+#include "core/Environment.h"
 #include "core/FontProviderQt.h"
 #include "core/LineHeadStyleProviderQt.h"
 #include "core/PenStyleProviderQt.h"
@@ -30,8 +31,7 @@ private:
 };
 } // namespace
 
-// The environment hands out Qt forms of its providers and the registered default attributes;
-// the test environment is the same on every machine.
+// The environment hands out Qt forms of its providers and the registered default attributes.
 class EnvironmentTest : public QObject
 {
     Q_OBJECT
@@ -48,7 +48,6 @@ private slots:
         QVERIFY(TAutoPtr<SystemFontProvider>(env->fontProvider()));
         // The same provider every time, so pickers see one font set.
         QCOMPARE(env->fontProvider(), env->fontProvider());
-        QCOMPARE(env->brushProvider(), env->brushProvider());
     }
 
     void providersAndManagerCanBeReplaced()
@@ -88,54 +87,6 @@ private slots:
         QVERIFY(env.removeDefaultAttribute(AttributeKey("Line")));
         QVERIFY(!env.removeDefaultAttribute(AttributeKey("Line")));
         QVERIFY(!env.defaultAttribute(AttributeKey()));
-    }
-
-    void testEnvironmentStylesheets()
-    {
-        TAutoPtr<TestEnvironment> env(new TestEnvironment);
-        TAutoPtr<StylesheetManager> manager = env->stylesheetManager();
-        QCOMPARE(manager->types(), QStringList({ "Paragraph", "Character", "Frame" }));
-        QCOMPARE(manager->stylesheetsWithType("Paragraph").size(), size_t(4));
-        const TAutoPtr<const Stylesheet> heading2 = manager->stylesheet("Paragraph", "Heading 2");
-        QVERIFY(heading2);
-        QCOMPARE(heading2->parent()->name(), QString("Heading 1"));
-        QCOMPARE(heading2->parent()->displayText(), QString("Heading One"));
-        QCOMPARE(heading2->parent()->parent()->name(), QString("Body"));
-        QCOMPARE(
-            manager->stylesheet("Character", "Strong")->displayText(), QString("Strong Emphasis"));
-        QVERIFY(
-            TestEnvironment(TestEnvironment::NoStylesheets).stylesheetManager()->types().isEmpty());
-    }
-
-    void testFontProviderSections()
-    {
-        TAutoPtr<TestEnvironment> env(new TestEnvironment);
-        TAutoPtr<FontProviderQt const> fonts(env->fontProvider());
-        QCOMPARE(fonts->familyName(fonts->defaultFont()), QString("Test Sans"));
-        QStringList families;
-        for (short id : fonts->fontList(false))
-            if (!families.contains(fonts->familyName(id)))
-                families << fonts->familyName(id);
-        QCOMPARE(families,
-            QStringList({ "Gone Sans", "Lost Serif", "Test Classic", "Test Mincho", "Test Naskh",
-                "Test Plain", "Test Sans", "Test Serif", "Test Symbols" }));
-        QCOMPARE(fonts->baseWritingSystems(10), QList<int>({ QFontDatabase::Latin }));
-        QCOMPARE(fonts->baseWritingSystems(40),
-            QList<int>({ QFontDatabase::SimplifiedChinese, QFontDatabase::Japanese }));
-        QVERIFY(fonts->baseWritingSystems(60).isEmpty());
-        QVERIFY(fonts->isSymbolFamily("Test Symbols"));
-        QVERIFY(fonts->isMissing(90));
-        QCOMPARE(fonts->fontName(90), QString("Gone Sans Bold"));
-        QCOMPARE(fonts->fontsOfFamily("Test Sans"), std::list<short>({ 1, 2, 3, 4, 5 }));
-        QCOMPARE(fonts->fontType(20), int(FontProvider::Type1));
-        QVERIFY(fonts->isEmphasized(10) && !fonts->isEmphasized(1));
-        QCOMPARE(fonts->exampleText(30), FontProvider::sampleText(QFontDatabase::Arabic));
-        QVERIFY(fonts->qFont(3, -1).bold());
-
-        // Every change to the set shows in the hash.
-        const int hash = fonts->hash();
-        env->testFontProvider()->addFont(70, "Test Extra", "Regular");
-        QVERIFY(fonts->hash() != hash);
     }
 };
 

@@ -355,23 +355,9 @@ private slots:
         e->setCurrent("unknown");
         QVERIFY(!e->current());
 
-        StylesheetProperty s("style", "Style", "Paragraph");
-        QVERIFY(!s.stylesheet());
-        s.setStylesheet(new Stylesheet("Paragraph", "Body"));
-        QCOMPARE(s.valueText(), QString("Body"));
+        StylesheetProperty s("style", "Style", "Paragraph", new Stylesheet("Paragraph", "Body"));
         s.unsetStylesheet("Paragraph");
         QVERIFY(!s.stylesheet());
-    }
-
-    void undefinedWithoutWayBack()
-    {
-        IntegerProperty p("p", "P", 1);
-        p.setUndefined(true);
-        QVERIFY(!p.isUndefinable());
-        QVERIFY(p.isUndefined());
-        p.setValue(3); // setters do not clear the state
-        QVERIFY(p.isUndefined());
-        QVERIFY(!p.isDefined());
     }
 
     void pointSelectors()
@@ -381,8 +367,6 @@ private slots:
         QCOMPARE(p[1], 3.0);
         p[true] = 7.0;
         QCOMPARE(p.x(), 7.0);
-        QCOMPARE(Point(QPoint(1, 2)).y(), 2.0);
-        QCOMPARE(Point().x(), 0.0);
     }
 
     void pointerTravelsThroughQueuedSignals()

@@ -75,18 +75,6 @@ private slots:
             QVERIFY2(kinds.contains(kind), qPrintable(kind));
     }
 
-    void fillGivesCallerOwnedCopies()
-    {
-        SampleObject::Ptr frame = SampleObject::create("TextFrame", "f");
-        PropertyDictionary d;
-        frame->fillProperties(d);
-        IntegerProperty::Ptr(d.property("columns"))->setValue(7);
-        QCOMPARE(IntegerProperty::Ptr(frame->value("columns"))->value(), 2);
-        frame->applyProperties(d);
-        QCOMPARE(IntegerProperty::Ptr(frame->value("columns"))->value(), 7);
-        QVERIFY(!SampleObject::create("NoSuchType", "x"));
-    }
-
     void saveLoadSaveGivesSameBytes()
     {
         SampleDocument::Ptr doc = SampleDocument::makeDefault();
