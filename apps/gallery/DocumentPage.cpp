@@ -101,7 +101,8 @@ private:
 
     void addProperty(QTreeWidgetItem *parent, const Property &p, const QString &label)
     {
-        auto *item = new QTreeWidgetItem(parent, { label, QString::fromLatin1(p.kindName()), p.valueText(),
+        // The value as the browsers show it: the property's own readable text.
+        auto *item = new QTreeWidgetItem(parent, { label, QString::fromLatin1(p.kindName()), p.toString(),
                                                    p.isDefined() ? tr("defined") : tr("undefined") });
         item->setToolTip(0, p.uniqueName());
         if (p.isUndefined())
