@@ -1,0 +1,118 @@
+// The colour strip driven by real clicks: the margins give the limits, one click announces
+// the colour in every model in a fixed order, colours set from outside announce nothing, and
+// Lab works only with a colour matcher.
+#include "TestRegistry.h"
+
+#include "controls/Ta_ColorComponentSelector.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using Selector = Ta_ColorComponentSelector;
+
+namespace {
+struct Strip
+{
+    explicit Strip(Selector::ColorComponentType component, bool vertical = false)
+    {
+        selector.setOrientationType(vertical ? Selector::kOrientationVertical : Selector::kOrientationHorizontal);
+        selector.resize(vertical ? QSize(22, 269) : QSize(269, 22));
+        selector.setColorComponentType(component);
+        selector.show();
+    }
+    void click(int at)
+    {
+        const bool vertical = selector.getOrientationType() == Selector::kOrientationVertical;
+        QTest::mouseClick(&selector, Qt::LeftButton, {}, vertical ? QPoint(10, at) : QPoint(at, 10));
+    }
+    Selector selector;
+};
+} // namespace
+
+class Ta_ColorComponentSelectorTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void marginsGiveTheLimits()
+    {
+        Strip hue(Selector::kHsvHue);
+        QSignalSpy values(&hue.selector, &Selector::valueChanged);
+        hue.click(266);
+        QCOMPARE(values.last().at(0).toInt(), 359); // the hue runs to 359
+        hue.click(2);
+        QCOMPARE(values.last().at(0).toInt(), 0);
+        hue.click(4 + 130); // the middle of 260 pixels
+        QCOMPARE(values.last().at(0).toInt(), 359 * 130 / 260);
+        int h, s, v;
+        hue.selector.GetHsv(h, s, v);
+        QCOMPARE(h, 179);
+
+        // Vertically the maximum is at the top; a Lab a strip runs from 0 inside its margins.
+        Strip a(Selector::kLabA, true);
+        a.selector.setColorMatcher(new TavoLib::ColorMatcher);
+        QSignalSpy labValues(&a.selector, &Selector::valueChanged);
+        a.click(1);
+        QCOMPARE(labValues.last().at(0).toInt(), 127);
+        a.click(266);
+        QCOMPARE(labValues.last().at(0).toInt(), -128);
+        a.click(4 + 130);
+        QCOMPARE(labValues.last().at(0).toInt(), 127 - 130 * 127 / 260);
+    }
+
+    void oneClickAnnouncesEveryModelInOrder()
+    {
+        Strip red(Selector::kRgbRed);
+        red.selector.SetRgb(0, 0, 0);
+        QStringList order;
+        connect(&red.selector, &Selector::valueChanged, [&] { order << "value"; });
+        connect(&red.selector, &Selector::hsvChanged, [&] { order << "hsv"; });
+        connect(&red.selector, &Selector::labChanged, [&] { order << "lab"; });
+        connect(&red.selector, &Selector::rgbChanged, [&](int r, int g, int b) {
+            order << QString("rgb %1 %2 %3").arg(r).arg(g).arg(b);
+            red.selector.SetRgb(1, 2, 3); // ignored while the signals are out
+        });
+        connect(&red.selector, &Selector::cmykChanged, [&](int c, int m, int y, int k) {
+            order << QString("cmyk %1 %2 %3 %4").arg(c).arg(m).arg(y).arg(k);
+        });
+        red.click(266);
+        QCOMPARE(order, QStringList({ "value", "hsv", "lab", "rgb 255 0 0", "cmyk 0 255 255 0" }));
+        red.click(267); // the same value: nothing
+        QCOMPARE(order.size(), 5);
+        int r, g, b;
+        red.selector.GetRgb(r, g, b);
+        QCOMPARE(QList<int>({ r, g, b }), QList<int>({ 255, 0, 0 }));
+
+        // A colour from outside goes into every model and announces nothing.
+        red.selector.SetCmyk(255, 0, 0, 0);
+        QCOMPARE(order.size(), 5);
+        red.selector.GetRgb(r, g, b);
+        QCOMPARE(QList<int>({ r, g, b }), QList<int>({ 0, 255, 255 }));
+        int h, s, v;
+        red.selector.GetHsv(h, s, v);
+        QCOMPARE(h, 180);
+    }
+
+    void labNeedsAMatcher()
+    {
+        Strip l(Selector::kLabL);
+        l.selector.SetRgb(255, 255, 255);
+        double L, A, B;
+        l.selector.GetLab(L, A, B);
+        QCOMPARE(QList<double>({ L, A, B }), QList<double>({ 100, 100, 100 })); // as they were
+        // The strip paints no colour it cannot know.
+        const QImage blind = l.selector.grab().toImage();
+        QCOMPARE(QColor(blind.pixel(100, 8)), QColor(Qt::black));
+
+        l.selector.setColorMatcher(new TavoLib::ColorMatcher);
+        l.selector.SetRgb(255, 0, 0);
+        l.selector.GetLab(L, A, B);
+        QVERIFY(qAbs(L - 53.24) < 0.05 && qAbs(A - 80.09) < 0.05);
+        // Dark at the low end, light at the high end, with a and b held.
+        const QImage seen = l.selector.grab().toImage();
+        QVERIFY(qGray(seen.pixel(6, 8)) < 60);
+        QVERIFY(qGray(seen.pixel(262, 8)) > qGray(seen.pixel(134, 8)));
+    }
+};
+
+TAVO_TEST(Ta_ColorComponentSelectorTest)
+#include "Ta_ColorComponentSelectorTest.moc"
