@@ -1,0 +1,32 @@
+#pragma once
+
+// The bar of a progress section: a QProgressBar without text that also keeps whether it is
+// busy (no known position) and whether its job can be stopped, for a style to show.
+#include "style/TavoLibGuiExport.h"
+
+#include <QProgressBar>
+
+class TAVOLIBGUI_EXPORT ProgressBar : public QProgressBar
+{
+    Q_OBJECT
+public:
+    explicit ProgressBar(QWidget *parent = nullptr);
+
+    QString text() const override;
+
+    // The position rules of a progress section: see Progress.
+    void setProgressRange(int first, int last);
+    void setProgressValue(int value);
+    void finish();
+    void tick() { mBusy = true; }
+
+    bool isBusy() const { return mBusy; }
+    bool isStoppable() const { return mStoppable; }
+    void setStoppable(bool stoppable) { mStoppable = stoppable; }
+
+private:
+    void moveTo(int value);
+
+    bool mBusy = true;
+    bool mStoppable = true;
+};

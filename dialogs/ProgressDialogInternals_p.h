@@ -1,0 +1,38 @@
+#pragma once
+
+// The dialog behind a ProgressDialog handle: its sections, oldest first, and the pump.
+#include "dialogs/DialogBase.h"
+#include "dialogs/ProgressDialog.h"
+
+#include <QElapsedTimer>
+#include <deque>
+
+class ProgressSection;
+
+class ProgressDialogInternals : public TavoLib::DialogBase
+{
+    Q_OBJECT
+public:
+    ProgressDialogInternals(ProgressDialog *owner, QWidget *parent);
+    ~ProgressDialogInternals() override;
+
+    TAutoPtr<Progress> newProgress(int flags);
+    // Processes events at most every 500 ms and delivers a stop as the exception; with
+    // `mayThrow` false (from a destructor) a stop waits for the next report.
+    void pump(bool mayThrow = true);
+    // Takes every section out and closes.
+    void closeAll();
+
+    std::deque<ProgressSection *> mSections;
+    bool mStopEnabled = true;
+    bool mHasTitle = false;
+    QString mTitle;
+    qint64 mLastPump = 0;
+    QElapsedTimer mClock;
+    ProgressDialog *mOwner;
+    bool mAllowEvents = true;
+
+public slots:
+    void RemoveProgress(ProgressSection *inProgress, bool closeMode);
+    void RemoveProgress(ProgressSection *inProgress);
+};
