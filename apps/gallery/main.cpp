@@ -1,6 +1,7 @@
 // The gallery: every subsystem of the library on a page of its own, over the reference
 // providers and a sample document. With --screenshot DIR, or without a display, it writes
 // one PNG per page into DIR (default "shots") and exits.
+#include "GalleryStyle.h"
 #include "GalleryWindow.h"
 
 #include <QApplication>
@@ -32,6 +33,7 @@ int main(int argc, char **argv)
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TavoLibGui Gallery"));
+    QApplication::setStyle(new GalleryStyle);
     GalleryWindow window;
     if (shots) {
         window.show();
