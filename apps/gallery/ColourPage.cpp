@@ -1,8 +1,9 @@
 // Gallery page "Colour": the strips of all four colour models for one colour, kept in step:
-// dragging any strip moves the others, and the line at the bottom shows the colour in each
-// model.
+// dragging any strip moves the others, and the line below shows the colour in each model.
+// Under them, two colour selectors, in HSV and in CMYK.
 #include "GalleryPage.h"
 #include "controls/Ta_ColorComponentSelector.h"
+#include "controls/Ta_ColorSelector.h"
 #include "style/Device.h"
 
 #include <QFrame>
@@ -80,6 +81,15 @@ QWidget *makeColourPage()
     bottom->addWidget(swatch);
     bottom->addWidget(readout, 1);
     layout->addLayout(bottom);
+
+    auto *pickers = new QHBoxLayout;
+    for (auto model : { Ta_ColorComponentSelector::HSV, Ta_ColorComponentSelector::CMYK }) {
+        auto *picker = new Ta_ColorSelector;
+        picker->setModel(model);
+        picker->setColor(QColor(40, 110, 180));
+        pickers->addWidget(picker, 1);
+    }
+    layout->addLayout(pickers);
     layout->addStretch(1);
     return page;
 }
