@@ -2,8 +2,9 @@
 
 # tavo_add_library(NAME EXPORT_DEFINE FOLDERS...)
 # A shared library made of every .cpp/.h/.qrc found in the given folders (not recursive).
-# Headers are installed below include/TavoLib/<folder>, so that a host writes the same
-# includes as the library itself: #include "core/Property.h".
+# Public headers are installed below include/TavoLib/<folder>, so that a host writes the same
+# includes as the library itself: #include "core/Property.h". Headers named *_p.h are the
+# library's own and stay out of the install.
 function(tavo_add_library name export_define)
     set(sources)
     foreach(folder IN LISTS ARGN)
@@ -12,9 +13,9 @@ function(tavo_add_library name export_define)
             ${PROJECT_SOURCE_DIR}/${folder}/*.h
             ${PROJECT_SOURCE_DIR}/${folder}/*.qrc)
         list(APPEND sources ${found})
-        install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
-            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${folder}
-            FILES_MATCHING PATTERN "*.h" PATTERN "res" EXCLUDE PATTERN "units" EXCLUDE)
+        file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+        list(FILTER headers EXCLUDE REGEX "_p\\.h$")
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${folder})
     endforeach()
     add_library(${name} SHARED ${sources})
     add_library(TavoLib::${name} ALIAS ${name})
