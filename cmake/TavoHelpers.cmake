@@ -1,10 +1,13 @@
 # Helpers shared by the library, test and benchmark folders.
 
-# tavo_add_library(NAME EXPORT_DEFINE FOLDERS...)
+# tavo_add_library(NAME EXPORT_HEADER FOLDERS...)
 # A shared library made of every .cpp/.h/.qrc found in the given folders (not recursive).
-# Headers are installed below include/TavoLib/<folder>, so that a host writes the same
-# includes as the library itself: #include "core/Property.h".
-function(tavo_add_library name export_define)
+# Public headers are installed below include/TavoLib/<folder>, so that a host writes the same
+# includes as the library itself: #include "core/Property.h". Headers named *_p.h are the
+# library's own and stay out of the install.
+# EXPORT_HEADER is the path, as included, of the generated header that defines NAME's export
+# macro (NAME in capitals, then _EXPORT: OMALIB_EXPORT for OmaLib).
+function(tavo_add_library name export_header)
     set(sources)
     foreach(folder IN LISTS ARGN)
         file(GLOB found CONFIGURE_DEPENDS
@@ -12,15 +15,24 @@ function(tavo_add_library name export_define)
             ${PROJECT_SOURCE_DIR}/${folder}/*.h
             ${PROJECT_SOURCE_DIR}/${folder}/*.qrc)
         list(APPEND sources ${found})
-        install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
-            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${folder}
-            FILES_MATCHING PATTERN "*.h" PATTERN "res" EXCLUDE PATTERN "units" EXCLUDE)
+        file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+        list(FILTER headers EXCLUDE REGEX "_p\\.h$")
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${folder})
     endforeach()
     add_library(${name} SHARED ${sources})
     add_library(TavoLib::${name} ALIAS ${name})
-    target_compile_definitions(${name} PRIVATE ${export_define})
+
+    # Hidden visibility for everything but what carries the export macro. The header goes
+    # into the build tree beside the sources' include root, and is installed with them.
+    string(TOUPPER ${name} base)
+    set(generated ${PROJECT_BINARY_DIR}/include/${export_header})
+    generate_export_header(${name} BASE_NAME ${base} EXPORT_FILE_NAME ${generated})
+    get_filename_component(export_dir ${export_header} DIRECTORY)
+    install(FILES ${generated} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TavoLib/${export_dir})
+
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+        $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/TavoLib>)
     set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     install(TARGETS ${name} EXPORT TavoLibTargets

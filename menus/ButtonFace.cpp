@@ -1,4 +1,4 @@
-#include "menus/ButtonFace.h"
+#include "menus/ButtonFace_p.h"
 
 #include "style/Device.h"
 

@@ -1,6 +1,6 @@
 #include "menus/IconMenuToolButton.h"
 
-#include "menus/ButtonFace.h"
+#include "menus/ButtonFace_p.h"
 
 #include "core/ImageFunctions.h"
 #include "menus/IconMenu.h"

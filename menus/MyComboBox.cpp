@@ -1,6 +1,6 @@
 #include "menus/MyComboBox.h"
 
-#include "menus/ButtonFace.h"
+#include "menus/ButtonFace_p.h"
 
 #include "menus/IconMenu.h"
 #include "style/Device.h"

@@ -1,6 +1,6 @@
 #include "pickers/PenStyleControllerQt.h"
 
-#include "pickers/StyleComboSupport.h"
+#include "pickers/StyleComboSupport_p.h"
 
 #include <QComboBox>
 

@@ -1,4 +1,4 @@
-#include "pickers/StyleComboSupport.h"
+#include "pickers/StyleComboSupport_p.h"
 
 #include "pickers/PickerRoles.h"
 #include "style/Device.h"

@@ -11,31 +11,20 @@ class CUnitTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void everyCodeIsKnownAndKeepsItsId()
+    void everyCodeIsKnownInTheRightClass()
     {
         int count = 0;
         const unsigned int *codes = CUnit::allCodes(&count);
         QCOMPARE(count, 19);
-        for (int i = 0; i < count; ++i) {
-            const CUnit unit(codes[i]);
-            QCOMPARE(unit.GetUnitID(), codes[i]);
-            QVERIFY(unit.isKnown());
-            QVERIFY(unit.GetConversion() > 0.0);
-        }
-        // The neutral unit is a valid unit of its own class.
-        QVERIFY(CUnit(0x20202020u).isKnown());
-        QVERIFY(CUnit(0x20202020u).GetClassID() != CUnit(CUnit::MM).GetClassID());
-    }
+        for (int i = 0; i < count; ++i)
+            QVERIFY(CUnit(codes[i]).isKnown() && CUnit(codes[i]).GetConversion() > 0.0);
 
-    void classesGroupTheRightUnits()
-    {
         const unsigned int lengths[]
             = { CUnit::Meter, CUnit::DP, CUnit::MM, CUnit::Inch, CUnit::Cicero, CUnit::PT,
                   CUnit::PDidot, CUnit::DecInch, CUnit::CM, CUnit::Pica, CUnit::Q };
         for (unsigned int code : lengths)
             QCOMPARE(CUnit(code).GetClassID(), CUnit(CUnit::MM).GetClassID());
         QCOMPARE(CUnit(CUnit::LPI).GetClassID(), CUnit(CUnit::LPC).GetClassID());
-
         // One representative per class: all different.
         const unsigned int classes[] = { CUnit::No, CUnit::MM, CUnit::Percent,
             CUnit::RelativePercent, CUnit::Geviert, CUnit::Angle, CUnit::LPI, CUnit::DPI };
@@ -58,10 +47,6 @@ private slots:
         QCOMPARE(mm(CUnit::Meter), 1000.0);
         QCOMPARE(mm(CUnit::CM), 10.0);
         QCOMPARE(mm(CUnit::DecInch), 25.4);
-
-        QCOMPARE(UnitValue(72.0, CUnit(CUnit::PT)).get(CUnit(CUnit::Inch)), 1.0);
-        QCOMPARE(UnitValue(1.0, CUnit(CUnit::Pica)).get(CUnit(CUnit::PT)), 12.0);
-        QCOMPARE(UnitValue(1.0, CUnit(CUnit::Cicero)).get(CUnit(CUnit::PDidot)), 12.0);
         QCOMPARE(UnitValue(2.54, CUnit(CUnit::LPC)).get(CUnit(CUnit::LPI)), 2.54 * 2.54);
         QCOMPARE(UnitValue(1.0, CUnit(CUnit::LPI)).get(CUnit(CUnit::LPC)), 1.0 / 2.54);
     }

@@ -52,17 +52,12 @@ private slots:
         // Precision out of range is clamped, not undefined.
         QCOMPARE(UnitValue(1.25, CUnit(CUnit::MM)).strWithUnit(-3), QStringLiteral("1mm"));
         QCOMPARE(UnitValue(0.1, CUnit(CUnit::MM)).strWithUnit(99), QStringLiteral("0.1mm"));
-    }
 
-    void numbersWithoutUnitAndNonFinite()
-    {
+        // Without a unit; printed non-finite values do not read back as a number.
         NumToStr formatter;
-        QCOMPARE(formatter.get(12.5, 4), QStringLiteral("12.5"));
         QCOMPARE(formatter.get(1234.5678, 2), QStringLiteral("1234.57"));
-        QCOMPARE(formatter.get(-0.00001, 4), QStringLiteral("0"));
         QCOMPARE(formatter.get(100.0, 4), QStringLiteral("100"));
         QCOMPARE(formatter.get(std::numeric_limits<double>::infinity(), 2), QStringLiteral("inf"));
-        // Printed non-finite values do not read back as a number.
         const QString text
             = UnitValue(std::numeric_limits<double>::quiet_NaN(), CUnit(CUnit::MM)).strWithUnit(2);
         CParser parser(text.toLatin1().toStdString());

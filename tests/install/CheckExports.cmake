@@ -1,0 +1,68 @@
+# Fails when an installed header declares something that the libraries keep hidden: a host
+# would compile against it and then fail to link.
+#
+# check_exports(OBJECTS_FILE INCLUDE_ROOT)
+# OBJECTS_FILE lists the libraries' object files; INCLUDE_ROOT is the installed header root.
+# A strong definition that is global but hidden in an object file has external linkage and no
+# export macro. It counts as declared by an installed header when one of its scopes (class or
+# namespace) names an installed header, as each class has a header named after it, or when
+# it is a function declared at namespace scope (in column 0) in an installed header.
+# Two kinds are left alone: qt_static_metacall, which moc's code keeps hidden itself, and
+# template instantiations, which every user makes for itself.
+function(check_exports objects_file include_root)
+    find_program(READELF readelf REQUIRED)
+    file(READ ${objects_file} objects)
+    file(GLOB_RECURSE headers ${include_root}/*.h)
+    set(header_names)
+    set(all_text "\n")
+    foreach(header IN LISTS headers)
+        get_filename_component(stem ${header} NAME_WE)
+        list(APPEND header_names ${stem})
+        file(READ ${header} text)
+        string(APPEND all_text "${text}\n")
+    endforeach()
+
+    set(problems)
+    foreach(object IN LISTS objects)
+        execute_process(COMMAND ${READELF} -sW --demangle ${object}
+            OUTPUT_VARIABLE table RESULT_VARIABLE result)
+        if(NOT result EQUAL 0)
+            message(FATAL_ERROR "readelf failed on ${object}")
+        endif()
+        string(REGEX MATCHALL "GLOBAL +HIDDEN +[0-9]+ [^\n]+" hidden "${table}")
+        foreach(entry IN LISTS hidden)
+            string(REGEX REPLACE "^GLOBAL +HIDDEN +[0-9]+ " "" symbol "${entry}")
+            string(REGEX REPLACE "^(vtable|typeinfo|typeinfo name|VTT) for " "" name "${symbol}")
+            string(REGEX REPLACE "\\(.*" "" name "${name}")
+            if(name MATCHES "[<>]" OR name MATCHES "::qt_static_metacall$")
+                continue()
+            endif()
+            string(REPLACE "::" ";" parts "${name}")
+            list(POP_BACK parts function)
+            set(found)
+            foreach(scope IN LISTS parts)
+                if(scope IN_LIST header_names)
+                    set(found "${scope}.h")
+                endif()
+            endforeach()
+            if(NOT found AND function MATCHES "^[A-Za-z_][A-Za-z0-9_]*$")
+                set(declaration "\n[A-Za-z_][^\n;{}]*[^A-Za-z0-9_]${function}\\(")
+                if(all_text MATCHES "${declaration}")
+                    foreach(header IN LISTS headers)
+                        file(READ ${header} text)
+                        if("\n${text}" MATCHES "${declaration}")
+                            get_filename_component(found ${header} NAME)
+                        endif()
+                    endforeach()
+                endif()
+            endif()
+            if(found)
+                list(APPEND problems "  ${symbol}  (${found})")
+            endif()
+        endforeach()
+    endforeach()
+    if(problems)
+        list(JOIN problems "\n" text)
+        message(FATAL_ERROR "installed headers declare symbols that are not exported:\n${text}")
+    endif()
+endfunction()
