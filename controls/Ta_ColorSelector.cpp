@@ -103,7 +103,12 @@ Ta_ColorSelector::Ta_ColorSelector(QWidget *parent) : QWidget(parent), mMatcher(
     setColor(mColor);
 }
 
-Ta_ColorSelector::~Ta_ColorSelector() = default;
+Ta_ColorSelector::~Ta_ColorSelector()
+{
+    // The hex field loses focus while QWidget tears the children down and would
+    // report editingFinished to a selector that is already half destroyed.
+    mHex->disconnect(this);
+}
 
 void Ta_ColorSelector::setColorMatcher(TAutoPtr<TavoLib::ColorMatcher> matcher)
 {
