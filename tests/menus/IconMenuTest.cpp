@@ -345,26 +345,50 @@ private slots:
         delete kept; // must not touch the anchor
     }
 
-    void paintsShadowOutsideTheBody()
+    void shadowOrMask_data()
     {
+        QTest::addColumn<bool>("translucent");
+        QTest::newRow("translucent: shadow") << true;
+        QTest::newRow("opaque: body mask") << false;
+    }
+    void shadowOrMask()
+    {
+        QFETCH(bool, translucent);
         QWidget anchor;
         anchor.show();
         QMenu menu;
         menu.addAction(QStringLiteral("Entry"));
         IconMenuConfiguration config;
         config.noPointer = false;
+        IconMenu::overrideTranslucentWindows(translucent);
         IconMenu *popup = menuPopup(&menu, config, &anchor);
+        IconMenu::overrideTranslucentWindows(std::nullopt);
+        QCOMPARE(popup->isShaped(), !translucent);
+
         QImage image(popup->size(), QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::white);
-        popup->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-        const int s = int(config.shadowSize);
-        // Under the body, offset down, the white background is darkened; far corners are not.
-        const QColor below = image.pixelColor(popup->width() / 2, popup->height() - s);
-        QVERIFY2(below.value() < 250, qPrintable(below.name()));
-        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
-        // The body is the dark fill.
-        QVERIFY(image.pixelColor(popup->width() / 2, popup->height() / 2 - 2).value() < 100);
+        popup->render(&image, QPoint(), QRegion(), QWidget::DrawChildren | QWidget::IgnoreMask);
+        const QPoint below(popup->width() / 2, popup->height() - int(config.shadowSize));
+        const QPoint middle(popup->width() / 2, popup->height() / 2 - 2);
+        const QPoint inPointer = QPoint(200, 100 + config.pointerSize - 1) - popup->pos();
+        QVERIFY(image.pixelColor(middle).value() < 100); // the dark body
+        QVERIFY(image.pixelColor(inPointer).value() < 100);
         QVERIFY(!popup->contentClip().isEmpty());
+        if (translucent) {
+            // Under the body, offset down, the white background is darkened; far corners not.
+            QVERIFY(image.pixelColor(below).value() < 250);
+            QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+            QVERIFY(popup->mask().isEmpty());
+        } else {
+            // No shadow, the host's colour; the window is the body, pointer included, and
+            // follows its size.
+            QCOMPARE(image.pixelColor(below), anchor.palette().color(QPalette::Window));
+            const QRegion mask = popup->mask();
+            QVERIFY(mask.contains(middle) && mask.contains(inPointer));
+            QVERIFY(!mask.contains(below) && !mask.contains(QPoint(0, 0)));
+            popup->resize(popup->width(), popup->height() + 40);
+            QVERIFY(popup->mask().contains(below + QPoint(0, 20)));
+        }
         popup->close();
     }
 };
