@@ -420,6 +420,16 @@ void IconMenu::focusOutEvent(QFocusEvent *event)
         mAnchor->update();
 }
 
+void IconMenu::hideEvent(QHideEvent *event)
+{
+    QListView::hideEvent(event);
+    // Hidden by its host, or with its window: a popup is not shown again, so close it, which
+    // releases the anchor and deletes it. Within close() this does nothing more.
+    close();
+    if (mAnchor)
+        mAnchor->update();
+}
+
 void IconMenu::resizeEvent(QResizeEvent *event)
 {
     QListView::resizeEvent(event);

@@ -6,8 +6,8 @@
 // (hover over the marks at either end, the wheel, or the keys) rather than by a scroll bar.
 //
 // The owner makes it, gives it its window flags (makePopupWindow() sets the usual ones) and
-// shows it. It lives until it is closed, by choosing an item, Escape or losing the focus, and
-// then deletes itself; owners hold it by QPointer. While open it watches its anchor widget,
+// shows it. It lives until it is closed, by choosing an item, Escape, losing the focus or being
+// hidden, and then deletes itself; owners hold it by QPointer. While open it watches its anchor widget,
 // so that a press on the anchor can be dragged into the popup and released on an item.
 #include "menus/IconMenuConfiguration.h"
 #include "style/TavoLibGuiExport.h"
@@ -69,6 +69,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;

@@ -212,6 +212,28 @@ private slots:
         QCOMPARE(mCombo->currentIndex(), 0);
     }
 
+    void hiddenPopupCloses()
+    {
+        makeCombo(5, 0);
+        QMenu menu;
+        menu.addAction(QStringLiteral("Entry"));
+        auto showInside = [&] {
+            auto *popup = new IconMenu(
+                IconMenuConfiguration(), &menu, QPoint(150, 150), mCombo, mWindow.get());
+            popup->show();
+            return QPointer<IconMenu>(popup);
+        };
+        // Hidden by the host, or with its window: closed and deleted, not left behind.
+        QPointer<IconMenu> popup = showInside();
+        popup->hide();
+        flushDeletes();
+        QVERIFY(!popup);
+        popup = showInside();
+        mWindow->hide();
+        flushDeletes();
+        QVERIFY(!popup);
+    }
+
     void separatorsAndDisabledRows()
     {
         QWidget anchor;
