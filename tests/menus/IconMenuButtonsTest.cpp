@@ -57,6 +57,7 @@ private slots:
         QMenu menu;
         QAction *a = menu.addAction(filled(Qt::red), QStringLiteral("A"));
         QAction *b = menu.addAction(filled(Qt::blue), QStringLiteral("B"));
+        QAction *c = menu.addAction(QStringLiteral("C"));
         a->setCheckable(true);
         b->setCheckable(true);
         button->setMenu(&menu);
@@ -91,8 +92,16 @@ private slots:
         choose(0);
         QCOMPARE(triggered.count(), 1);
         QCOMPARE(button->defaultAction(), a);
-        if (result == 1)
+        if (result == 1) {
             QVERIFY(!b->isChecked());
+            // The current default chosen again stays checked; a plain action stays plain.
+            choose(0);
+            QCOMPARE(button->defaultAction(), a);
+            QVERIFY(a->isChecked());
+            choose(2);
+            QCOMPARE(button->defaultAction(), c);
+            QVERIFY(!a->isChecked() && !c->isCheckable());
+        }
     }
 
     void secondPressClosesToolButtonMenu()
