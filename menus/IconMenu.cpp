@@ -182,6 +182,7 @@ void IconMenu::init(const IconMenuConfiguration &config, const QPoint &position,
 
 void IconMenu::makePopupWindow()
 {
+    // kept on purpose: Qt::Tool, not Qt::Popup: the anchor keeps the mouse for press-drag-release.
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     placeAt(mGlobalTopLeft);
@@ -392,7 +393,7 @@ void IconMenu::keyPressEvent(QKeyEvent *event)
     }
     QAbstractItemView::keyPressEvent(event);
 
-    // Keep a row reached by the keys inside the body, clear of the marks.
+    // kept on purpose: keys scroll the body to the current row, clear of the scroll marks.
     const QRect row = visualRect(currentIndex());
     if (row.isValid()) {
         const int top
