@@ -9,22 +9,14 @@ if ! command -v Xvfb >/dev/null 2>&1; then
 fi
 tmp=$(mktemp -d)
 xvfb=""
-cleanup() {
-    if [ -n "$xvfb" ]; then
-        kill "$xvfb" 2>/dev/null
-        wait "$xvfb" 2>/dev/null
-    fi
-    rm -rf "$tmp"
-}
-trap cleanup EXIT
+trap '[ -n "$xvfb" ] && kill "$xvfb" 2>/dev/null && wait "$xvfb"; rm -rf "$tmp"' EXIT
 trap 'exit 130' INT TERM HUP
-
 mkfifo "$tmp/display"
 Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp -terminate 3>"$tmp/display" \
     >"$tmp/xvfb.log" 2>&1 &
 xvfb=$!
 display=""
-read -r -t 20 display <"$tmp/display" || true
+read -r -t 20 display <"$tmp/display"
 if [ -z "$display" ]; then
     echo "SKIP: Xvfb did not start:"
     cat "$tmp/xvfb.log"
