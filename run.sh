@@ -12,7 +12,7 @@ cd "$(dirname "$0")"
 root=$(pwd)
 
 base_packages=(cmake ninja-build ccache g++ pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
-               qt5-image-formats-plugins libfontconfig-dev
+               libqt5x11extras5-dev qt5-image-formats-plugins libfontconfig-dev xvfb
                fonts-dejavu-core fonts-noto-core fonts-noto-mono fonts-liberation2 fonts-urw-base35)
 bench_packages=(libbenchmark-dev libmuparser-dev)
 fuzz_packages=(clang)

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QBitmap>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -16,6 +17,7 @@
 #include <QScreen>
 #include <QTimerEvent>
 #include <QWheelEvent>
+#include <QX11Info>
 #include <algorithm>
 
 using TavoLib::Device;
@@ -37,6 +39,12 @@ QRect availableArea(QWidget *anchor, const QPoint &position)
         screen = QGuiApplication::primaryScreen();
     QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 800, 600);
     return area.adjusted(0, int(Device::scale(10.0)), 0, int(Device::scale(-10.0)));
+}
+
+std::optional<bool> &translucencyOverride()
+{
+    static std::optional<bool> answer;
+    return answer;
 }
 } // namespace
 
@@ -174,6 +182,7 @@ void IconMenu::init(const IconMenuConfiguration &config, const QPoint &position,
 
 void IconMenu::makePopupWindow()
 {
+    // kept on purpose: Qt::Tool, not Qt::Popup: the anchor keeps the mouse for press-drag-release.
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     placeAt(mGlobalTopLeft);
@@ -188,12 +197,36 @@ void IconMenu::placeAt(const QPoint &globalTopLeft)
         move(globalTopLeft);
 }
 
+bool IconMenu::translucentWindows()
+{
+    if (translucencyOverride())
+        return *translucencyOverride();
+    // X11 shows translucent pixels only through a compositing manager; without one they are
+    // black.
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        return QX11Info::isCompositingManagerRunning();
+    return true;
+}
+
+void IconMenu::overrideTranslucentWindows(std::optional<bool> answer)
+{
+    translucencyOverride() = answer;
+}
+
 void IconMenu::setVisible(bool visible)
 {
     if (visible && !isVisible()) {
         if (mMenu)
             emit mMenu->aboutToShow();
         placeAt(mGlobalTopLeft);
+        // Where a window cannot be translucent, the shadow is left out and the window is cut
+        // to the body's outline instead.
+        mShaped = isWindow() && !translucentWindows();
+        if (mShaped)
+            setAttribute(Qt::WA_TranslucentBackground, false);
+        else
+            clearMask();
+        updateMask();
     }
     QListView::setVisible(visible);
     if (visible) {
@@ -360,7 +393,7 @@ void IconMenu::keyPressEvent(QKeyEvent *event)
     }
     QAbstractItemView::keyPressEvent(event);
 
-    // Keep a row reached by the keys inside the body, clear of the marks.
+    // kept on purpose: keys scroll the body to the current row, clear of the scroll marks.
     const QRect row = visualRect(currentIndex());
     if (row.isValid()) {
         const int top
@@ -388,6 +421,36 @@ void IconMenu::focusOutEvent(QFocusEvent *event)
         mAnchor->update();
 }
 
+void IconMenu::hideEvent(QHideEvent *event)
+{
+    QListView::hideEvent(event);
+    // Hidden by its host, or with its window: a popup is not shown again, so close it, which
+    // releases the anchor and deletes it. Within close() this does nothing more.
+    close();
+    if (mAnchor)
+        mAnchor->update();
+}
+
+void IconMenu::resizeEvent(QResizeEvent *event)
+{
+    QListView::resizeEvent(event);
+    updateMask();
+}
+
+void IconMenu::updateMask()
+{
+    if (!mShaped)
+        return;
+    QBitmap mask(size());
+    mask.fill(Qt::color0);
+    QPainter painter(&mask);
+    painter.setPen(QPen(Qt::color1, mConfig.frameWidth + 0.5));
+    painter.setBrush(Qt::color1);
+    painter.drawPath(bodyPath());
+    painter.end();
+    setMask(mask);
+}
+
 void IconMenu::acceptCurrent()
 {
     const QModelIndex index = currentIndex();
@@ -407,15 +470,12 @@ void IconMenu::acceptCurrent()
     }
 }
 
-void IconMenu::paintEvent(QPaintEvent *event)
+QPainterPath IconMenu::bodyPath() const
 {
     const double shadow = mConfig.shadowSize;
-    const double offset = mConfig.shadowOffset;
-    const double top = std::max(shadow - offset, 0.0);
-    const int pointer = pointerHeight();
-
-    const QRectF bodyRect
-        = QRectF(rect()).adjusted(shadow, pointer + top, -shadow, -shadow - offset);
+    const double top = std::max(shadow - mConfig.shadowOffset, 0.0);
+    const QRectF bodyRect = QRectF(rect()).adjusted(
+        shadow, pointerHeight() + top, -shadow, -shadow - mConfig.shadowOffset);
     QPainterPath body;
     body.addRoundedRect(bodyRect, mConfig.cornerRadius, mConfig.cornerRadius, Qt::AbsoluteSize);
     if (!mConfig.noPointer) {
@@ -428,10 +488,26 @@ void IconMenu::paintEvent(QPaintEvent *event)
         triangle.closeSubpath();
         body = body.united(triangle);
     }
+    return body;
+}
+
+void IconMenu::paintEvent(QPaintEvent *event)
+{
+    const double shadow = mConfig.shadowSize;
+    const double offset = mConfig.shadowOffset;
+    const double top = std::max(shadow - offset, 0.0);
+    const QRectF bodyRect
+        = QRectF(rect()).adjusted(shadow, pointerHeight() + top, -shadow, -shadow - offset);
+    const QPainterPath body = bodyPath();
 
     {
         QPainter painter(viewport());
         painter.setRenderHint(QPainter::Antialiasing, true);
+        if (mShaped) {
+            // No translucency: the body's soft edge is blended with the host window by hand.
+            const QWidget *host = mAnchor ? mAnchor->window() : this;
+            painter.fillRect(rect(), host->palette().color(QPalette::Window));
+        }
         painter.setPen(QPen(mConfig.frameColor, mConfig.frameWidth + 0.5, Qt::SolidLine,
             Qt::SquareCap, Qt::BevelJoin));
         painter.setBrush(mConfig.backgroundColor);
@@ -441,12 +517,15 @@ void IconMenu::paintEvent(QPaintEvent *event)
         whole.addRect(QRectF(rect()).adjusted(-0.5, -0.5, 0.5, 0.5));
         mContentClip = whole.subtracted(body);
 
-        // The shadow is the blurred body, moved down, seen only outside the body.
+        // The shadow is the blurred body, moved down, seen only outside the body. A shaped
+        // window has none.
         const DesignShadow designShadow(DesignShadowSettings(shadow, mConfig.shadowStrength));
         const double extent = designShadow.GetSize();
         const QRectF bounds = body.boundingRect();
-        QImage image(int(extent + bounds.width()), int(extent + bounds.height()),
-            QImage::Format_ARGB32_Premultiplied);
+        QImage image;
+        if (!mShaped)
+            image = QImage(int(extent + bounds.width()), int(extent + bounds.height()),
+                QImage::Format_ARGB32_Premultiplied);
         if (!image.isNull()) {
             image.fill(QColor(255, 255, 255, 0));
             {

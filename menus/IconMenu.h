@@ -6,8 +6,8 @@
 // (hover over the marks at either end, the wheel, or the keys) rather than by a scroll bar.
 //
 // The owner makes it, gives it its window flags (makePopupWindow() sets the usual ones) and
-// shows it. It lives until it is closed, by choosing an item, Escape or losing the focus, and
-// then deletes itself; owners hold it by QPointer. While open it watches its anchor widget,
+// shows it. It lives until it is closed, by choosing an item, Escape, losing the focus or being
+// hidden, and then deletes itself; owners hold it by QPointer. While open it watches its anchor widget,
 // so that a press on the anchor can be dragged into the popup and released on an item.
 #include "menus/IconMenuConfiguration.h"
 #include "style/TavoLibGuiExport.h"
@@ -15,6 +15,7 @@
 #include <QListView>
 #include <QPainterPath>
 #include <QPointer>
+#include <optional>
 
 class QComboBox;
 class QMenu;
@@ -49,6 +50,15 @@ public:
     // Makes the popup a frameless, translucent top-level window over its parent's window.
     void makePopupWindow();
 
+    // Whether the window system shows translucent windows: on X11 only while a compositing
+    // manager runs, elsewhere always. A popup window asks when it is first shown; without
+    // translucency it has no shadow and is clipped to its body by a mask.
+    static bool translucentWindows();
+    // Replaces the window system's answer (tests); std::nullopt asks the window system again.
+    static void overrideTranslucentWindows(std::optional<bool> answer);
+    // True when this popup is drawn without its shadow and masked to its body.
+    bool isShaped() const { return mShaped; }
+
     void setVisible(bool visible) override;
 
 protected:
@@ -59,6 +69,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     int horizontalOffset() const override;
@@ -73,6 +85,9 @@ private:
     void stopScrollTimers();
     void acceptCurrent();
     int pointerHeight() const;
+    // The outline of the body, pointer included, in the popup's coordinates.
+    QPainterPath bodyPath() const;
+    void updateMask();
 
     IconMenuItemModel *mModel = nullptr;
     IconMenuDelegate *mDelegate = nullptr;
@@ -91,4 +106,5 @@ private:
     bool mMovedFromAnchor = false;
     QPointer<QWidget> mKeyEventHandler;
     QPoint mGlobalTopLeft;
+    bool mShaped = false;
 };

@@ -79,12 +79,16 @@ void IconMenuToolButton::mousePressEvent(QMouseEvent *event)
 
 void IconMenuToolButton::triggered(QAction *action)
 {
-    if (!action || action == defaultAction())
+    if (!action)
         return;
-    if (QAction *previous = defaultAction())
-        previous->setChecked(false);
-    setDefaultAction(action);
-    action->setCheckable(true);
+    QAction *previous = defaultAction();
+    if (previous != action) {
+        if (previous)
+            previous->setChecked(false);
+        setDefaultAction(action);
+    }
+    // activate() has just toggled a checkable action, so choosing the current default again
+    // would leave it unchecked. An action the host made not checkable stays so.
     action->setChecked(true);
     update();
 }

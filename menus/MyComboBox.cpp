@@ -23,6 +23,7 @@ void MyComboBox::emitActivated(int index)
     emit textActivated(itemText(index));
 }
 
+// kept on purpose: QComboBox also calls this on F4 and Alt+Down, so those keys open this popup.
 void MyComboBox::showPopup()
 {
     if (mPopup)

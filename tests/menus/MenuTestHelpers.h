@@ -1,7 +1,6 @@
 #pragma once
 
-// Small helpers shared by the menu tests: posted deletions, row positions in a popup, plain
-// icons, and the check that no popup outlives a test.
+// Helpers shared by the menu tests: posted deletions, row positions, plain icons, popups.
 #include "menus/IconMenu.h"
 
 #include <QApplication>
@@ -27,14 +26,22 @@ inline QIcon filled(const QColor &colour)
     return QIcon(pixmap);
 }
 
-// Flushes deletions, then fails if an icon menu is still a top-level window.
+// A menu popup window shown at (200, 100).
+inline IconMenu *menuPopup(QMenu *menu, const IconMenuConfiguration &config, QWidget *anchor)
+{
+    auto *popup = new IconMenu(config, menu, QPoint(200, 100), anchor, anchor);
+    popup->makePopupWindow();
+    popup->show();
+    return popup;
+}
+
+// After posted deletions, is no icon menu left as a top-level window?
 inline bool noPopupLeft()
 {
     flushDeletes();
-    for (QWidget *w : QApplication::topLevelWidgets()) {
+    for (QWidget *w : QApplication::topLevelWidgets())
         if (qobject_cast<IconMenu *>(w))
             return false;
-    }
     return true;
 }
 

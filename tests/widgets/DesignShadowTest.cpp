@@ -7,52 +7,42 @@
 #include <cmath>
 #include <limits>
 
-namespace {
-
-// A 40 x 40 black square in the middle of an image with room for a shadow of the radius.
-QImage squareMask(double radius)
-{
-    const int room = int(std::ceil(radius));
-    QImage image(40 + 2 * room, 40 + 2 * room, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    p.fillRect(QRect(room, room, 40, 40), Qt::black);
-    return image;
-}
-
-} // namespace
-
 class DesignShadowTest : public QObject
 {
     Q_OBJECT
-private slots:
-    void reachAndStrength()
+    // A 40 x 40 black square in the middle of an image with room for a shadow of the radius,
+    // turned into a shadow of the given radius, strength and colour.
+    static QImage shadowOfSquare(double room, double radius, int strength, const QColor &colour)
     {
-        const DesignShadow shadow(DesignShadowSettings(12.0, 50));
-        QCOMPARE(shadow.GetSize(), 24.0);
-        QImage image = squareMask(12.0);
-        shadow.ConvertToShadow(image, QColor(0, 0, 0, 255));
-        QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);
-        const int mid = image.height() / 2;
-        // Full strength inside, half of the colour's alpha at strength 50.
-        QVERIFY(qAbs(image.pixelColor(image.width() / 2, mid).alpha() - 127) <= 2);
+        const int r = int(std::ceil(room));
+        QImage image(40 + 2 * r, 40 + 2 * r, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter(&image).fillRect(QRect(r, r, 40, 40), Qt::black);
+        DesignShadow(DesignShadowSettings(radius, strength)).ConvertToShadow(image, colour);
+        return image;
+    }
+    static int alphaAt(const QImage &image, int x)
+    {
+        return image.pixelColor(x, image.height() / 2).alpha();
+    }
+
+private slots:
+    void reachStrengthAndFalloff()
+    {
+        QCOMPARE(DesignShadow(DesignShadowSettings(12.0, 50)).GetSize(), 24.0);
+        const QImage image = shadowOfSquare(12.0, 12.0, 50, QColor(255, 0, 0));
+        // Half of the colour's alpha inside at strength 50, in the colour given.
+        QVERIFY(qAbs(alphaAt(image, 32) - 127) <= 2);
+        QCOMPARE(image.pixelColor(32, 32).red(), 255);
+        QCOMPARE(image.pixelColor(32, 32).green(), 0);
         // Soft: a run of values between the core and nothing, falling towards the edge.
-        int previous = 256;
         int steps = 0;
-        for (int x = 12 + 8; x >= 0; --x) {
-            const int a = image.pixelColor(x, mid).alpha();
-            QVERIFY2(a <= previous, qPrintable(QStringLiteral("rises at %1").arg(x)));
-            if (a > 0 && a < 127)
-                ++steps;
-            previous = a;
+        for (int x = 20; x > 0; --x) {
+            QVERIFY2(alphaAt(image, x - 1) <= alphaAt(image, x), qPrintable(QString::number(x)));
+            steps += alphaAt(image, x) > 0 && alphaAt(image, x) < 127;
         }
         QVERIFY(steps >= 8);
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
-        // The colour is taken over.
-        QImage red = squareMask(12.0);
-        shadow.ConvertToShadow(red, QColor(255, 0, 0, 255));
-        QCOMPARE(red.pixelColor(red.width() / 2, mid).red(), 255);
-        QCOMPARE(red.pixelColor(red.width() / 2, mid).green(), 0);
     }
 
     void oddInput()
@@ -60,22 +50,13 @@ private slots:
         QImage null;
         DesignShadow(DesignShadowSettings(5.0, 50)).ConvertToShadow(null, Qt::black);
         QVERIFY(null.isNull());
-
-        QImage image = squareMask(4.0);
-        DesignShadow(DesignShadowSettings(std::numeric_limits<double>::quiet_NaN(), 500))
-            .ConvertToShadow(image, Qt::black);
-        // No blur, strength clamped to 100.
-        QCOMPARE(image.pixelColor(image.width() / 2, image.height() / 2).alpha(), 255);
         QCOMPARE(DesignShadow(DesignShadowSettings(-3.0, 50)).GetSize(), 0.0);
-
-        QImage faint = squareMask(4.0);
-        DesignShadow(DesignShadowSettings(4.0, -20)).ConvertToShadow(faint, QColor());
-        QCOMPARE(faint.pixelColor(faint.width() / 2, faint.height() / 2).alpha(), 0);
-
+        // Not a number: no blur, strength clamped to 100; a negative strength: nothing.
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        QCOMPARE(alphaAt(shadowOfSquare(4.0, nan, 500, Qt::black), 24), 255);
+        QCOMPARE(alphaAt(shadowOfSquare(4.0, 4.0, -20, QColor()), 24), 0);
         // A radius far larger than the image fades it out without reading outside it.
-        QImage small = squareMask(1.0);
-        DesignShadow(DesignShadowSettings(1e9, 100)).ConvertToShadow(small, Qt::black);
-        QVERIFY(small.pixelColor(small.width() / 2, small.height() / 2).alpha() < 255);
+        QVERIFY(alphaAt(shadowOfSquare(1.0, 1e9, 100, Qt::black), 21) < 255);
     }
 };
 
