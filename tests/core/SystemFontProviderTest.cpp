@@ -68,7 +68,6 @@ private slots:
         std::map<short, QString> before;
         for (short id : fonts.fontList(true))
             before[id] = fonts.fontName(id);
-        QCOMPARE(before.size(), size_t(1600));
         const int hash = fonts.hash();
         QVERIFY(!fonts.rescan());
 
@@ -114,11 +113,9 @@ private slots:
         QVERIFY(fonts.isSymbolFamily("Dual"));
         QVERIFY(fonts.baseWritingSystems(regular).isEmpty());
         QVERIFY(!fonts.isSymbolFamily("Other"));
-        fonts.setEmphasizedFamilies({ "Other" });
-        QVERIFY(fonts.isEmphasized(0) && !fonts.isEmphasized(regular));
     }
 
-    void missingFontsAndUnknownIds()
+    void missingFonts()
     {
         ListedFonts fonts({ face("Here", "Regular") });
         const short here = fonts.fontList(true).front();
@@ -128,10 +125,7 @@ private slots:
         QVERIFY(!fonts.addMissingFont(-1, "None"));
         QVERIFY(fonts.addMissingFont(7, "Gone Grotesk Bold", "Gone Grotesk", "Bold"));
         QVERIFY(fonts.hash() != hash);
-        QVERIFY(fonts.isMissing(7));
         QCOMPARE(fonts.familyName(7), QStringLiteral("Gone Grotesk"));
-        QCOMPARE(fonts.fontType(7), -1);
-        QVERIFY(fonts.exampleText(7).isEmpty());
         QVERIFY(fonts.fontsOfFamily("Gone Grotesk").empty());
         QCOMPARE(fonts.fontList(false).size(), size_t(2));
         QCOMPARE(fonts.fontList(true), std::list<short>({ here }));
@@ -145,15 +139,8 @@ private slots:
         QVERIFY(fonts.removeMissingFont(7));
         QVERIFY(!fonts.removeMissingFont(here));
         QCOMPARE(fonts.hash(), hash);
-
-        for (short id : { short(-1), short(7), short(32767) }) {
-            QVERIFY(fonts.familyName(id).isEmpty() && fonts.fontName(id).isEmpty());
-            QVERIFY(!fonts.isMissing(id) && !fonts.isEmphasized(id));
-            QCOMPARE(fonts.fontType(id), -1);
-            QVERIFY(fonts.baseWritingSystems(id).isEmpty());
-            QCOMPARE(fonts.qFont(id, 12).pixelSize(), 12);
-        }
-        QVERIFY(!fonts.isSymbolFamily("No Such Family"));
+        QVERIFY(fonts.familyName(7).isEmpty() && !fonts.isMissing(7));
+        QCOMPARE(fonts.qFont(7, 12).pixelSize(), 12);
     }
 
     // The machine's own fonts through fontconfig: whatever is installed, two providers agree
