@@ -1,7 +1,7 @@
 // Cost of the font family picker over a large font collection: 3,000 fonts in 1,000
 // families. Filling the combo box, with and without a sample column, and the first showing
-// of its pop-up list. The pop-up is also measured with per-row height measuring switched
-// back on, to show what the list view's uniform rows save.
+// of its pop-up list. The list measures each row (separators are thinner than fonts); the
+// pop-up is also measured with uniform row heights, to show what that measuring costs.
 #include "core/FontProviderQt.h"
 #include "pickers/FontControllerQt.h"
 
@@ -155,7 +155,7 @@ void BM_PopulateFamilies(benchmark::State &state)
 BENCHMARK(BM_PopulateFamilies)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // First show of the pop-up: layout of the list, sizing, and painting its visible rows.
-void showPopup(benchmark::State &state, bool uniformRows)
+void showPopup(benchmark::State &state, bool forceUniformRows)
 {
     TavoLib::FontControllerQt controller(benchProvider());
     controller.setShowExamples(state.range(0) != 0);
@@ -163,7 +163,8 @@ void showPopup(benchmark::State &state, bool uniformRows)
         state.PauseTiming();
         auto *combo = new QComboBox;
         controller.populateFamilies(combo, 1500, false);
-        static_cast<QTreeView *>(combo->view())->setUniformRowHeights(uniformRows);
+        if (forceUniformRows)
+            static_cast<QTreeView *>(combo->view())->setUniformRowHeights(true);
         combo->show();
         QApplication::processEvents();
         state.ResumeTiming();
@@ -183,15 +184,15 @@ void showPopup(benchmark::State &state, bool uniformRows)
 
 void BM_ShowFamilyPopup(benchmark::State &state)
 {
-    showPopup(state, true);
+    showPopup(state, false);
 }
 BENCHMARK(BM_ShowFamilyPopup)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-void BM_ShowFamilyPopupMeasuringEveryRow(benchmark::State &state)
+void BM_ShowFamilyPopupUniformRows(benchmark::State &state)
 {
-    showPopup(state, false);
+    showPopup(state, true);
 }
-BENCHMARK(BM_ShowFamilyPopupMeasuringEveryRow)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ShowFamilyPopupUniformRows)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

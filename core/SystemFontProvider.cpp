@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <fontconfig/fontconfig.h>
+#include <memory>
+#include <optional>
 #include <tuple>
 
 namespace TavoLib {
@@ -186,6 +188,58 @@ quint32 fnv1a(const QString &text, quint32 seed = 2166136261u)
     return h;
 }
 
+// One listed font file as a face; nothing for a variable font or a file without a family.
+std::optional<SystemFontProvider::Face> readFace(FcPattern *font)
+{
+    if (patternBool(font, FC_VARIABLE))
+        return std::nullopt; // its named instances are listed on their own
+    SystemFontProvider::Face f;
+    f.family = patternString(font, FC_FAMILY);
+    f.style = patternString(font, FC_STYLE);
+    if (f.family.isEmpty())
+        return std::nullopt;
+    if (f.style.isEmpty())
+        f.style = QStringLiteral("Regular");
+    f.fullName = patternString(font, FC_FULLNAME);
+    if (f.fullName.isEmpty())
+        f.fullName = f.family + QLatin1Char(' ') + f.style;
+    f.file = patternString(font, FC_FILE);
+    f.weight = patternInt(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
+    f.slant = patternInt(font, FC_SLANT, FC_SLANT_ROMAN);
+    f.width = patternInt(font, FC_WIDTH, FC_WIDTH_NORMAL);
+    // Some fonts carry wrong weight or slant entries; the style name is the better word.
+    static const QRegularExpression boldWord(
+        QStringLiteral("\\bBold\\b"), QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression italicWord(
+        QStringLiteral("\\b(Italic|Oblique)\\b"), QRegularExpression::CaseInsensitiveOption);
+    if (f.weight < FC_WEIGHT_DEMIBOLD && f.style.contains(boldWord))
+        f.weight = FC_WEIGHT_BOLD;
+    if (f.slant == FC_SLANT_ROMAN && f.style.contains(italicWord))
+        f.slant = FC_SLANT_ITALIC;
+    f.type = typeFromFormat(patternString(font, FC_FONTFORMAT));
+    f.symbol = patternBool(font, FC_SYMBOL);
+    FcLangSet *langs = nullptr;
+    if (!f.symbol && FcPatternGetLangSet(font, FC_LANG, 0, &langs) == FcResultMatch) {
+        for (const LangMapping &m : kLangs) {
+            if (FcLangSetHasLang(langs, reinterpret_cast<const FcChar8 *>(m.lang)) == FcLangEqual)
+                f.writingSystems.append(m.writingSystem);
+        }
+    }
+    FcCharSet *charset = nullptr;
+    if (FcPatternGetCharSet(font, FC_CHARSET, 0, &charset) == FcResultMatch)
+        f.coverageSample = coverageSample(charset);
+    return f;
+}
+
+// Owning handles for fontconfig objects, released with their own destroy functions.
+template <class T, void (*Destroy)(T *)> struct FcDeleter
+{
+    void operator()(T *object) const { Destroy(object); }
+};
+using PatternHandle = std::unique_ptr<FcPattern, FcDeleter<FcPattern, FcPatternDestroy>>;
+using ObjectSetHandle = std::unique_ptr<FcObjectSet, FcDeleter<FcObjectSet, FcObjectSetDestroy>>;
+using FontSetHandle = std::unique_ptr<FcFontSet, FcDeleter<FcFontSet, FcFontSetDestroy>>;
+
 bool familyLess(const QString &a, const QString &b)
 {
     const int folded = a.compare(b, Qt::CaseInsensitive);
@@ -194,11 +248,15 @@ bool familyLess(const QString &a, const QString &b)
 
 } // namespace
 
-SystemFontProvider::SystemFontProvider()
+SystemFontProvider::SystemFontProvider() : SystemFontProvider(DeferScan())
+{
+    rescan();
+}
+
+SystemFontProvider::SystemFontProvider(DeferScan)
     : mSymbolFamilies({ QStringLiteral("Standard Symbols PS"), QStringLiteral("D050000L"),
         QStringLiteral("Noto Sans Symbols"), QStringLiteral("Noto Sans Symbols2") })
 {
-    rescan();
 }
 
 SystemFontProvider::~SystemFontProvider() = default;
@@ -206,81 +264,71 @@ SystemFontProvider::~SystemFontProvider() = default;
 bool SystemFontProvider::rescan()
 {
     const int oldHash = mHash;
+    std::map<FaceKey, Face> faces = oneFormatPerFace(scanFaces());
+    markSymbolFamilies(faces);
+    assignIds(std::move(faces));
+    mSystemDefault = systemDefaultFace();
+    rebuildIndex();
+    return mHash != oldHash;
+}
 
-    std::map<short, Face> missing;
-    for (const auto &entry : mFaces) {
-        if (entry.second.missing)
-            missing.insert(entry);
+std::vector<SystemFontProvider::Face> SystemFontProvider::scanFaces() const
+{
+    std::vector<Face> faces;
+    if (!FcInit())
+        return faces;
+    FcInitBringUptoDate();
+    const PatternHandle pattern(FcPatternCreate());
+    if (!pattern)
+        return faces;
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    const ObjectSetHandle objects(FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FULLNAME, FC_FILE,
+        FC_WEIGHT, FC_SLANT, FC_WIDTH, FC_FONTFORMAT, FC_LANG, FC_SYMBOL, FC_CHARSET, FC_VARIABLE,
+        static_cast<char *>(nullptr)));
+    const FontSetHandle set(FcFontList(nullptr, pattern.get(), objects.get()));
+    for (int i = 0; set && i < set->nfont; ++i) {
+        if (std::optional<SystemFontProvider::Face> face = readFace(set->fonts[i]))
+            faces.push_back(std::move(*face));
     }
+    return faces;
+}
 
-    // One face per family and style, in the preferred format.
-    std::map<std::pair<QString, QString>, Face> found;
-    if (FcInit()) {
-        FcInitBringUptoDate();
-        FcPattern *pattern = FcPatternCreate();
-        FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
-        FcObjectSet *objects = FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_FULLNAME, FC_FILE,
-            FC_WEIGHT, FC_SLANT, FC_WIDTH, FC_FONTFORMAT, FC_LANG, FC_SYMBOL, FC_CHARSET,
-            FC_VARIABLE, static_cast<char *>(nullptr));
-        FcFontSet *set = FcFontList(nullptr, pattern, objects);
-        for (int i = 0; set && i < set->nfont; ++i) {
-            FcPattern *font = set->fonts[i];
-            if (patternBool(font, FC_VARIABLE))
-                continue; // its named instances are listed on their own
-            Face f;
-            f.family = patternString(font, FC_FAMILY);
-            f.style = patternString(font, FC_STYLE);
-            if (f.family.isEmpty())
-                continue;
-            if (f.style.isEmpty())
-                f.style = QStringLiteral("Regular");
-            f.fullName = patternString(font, FC_FULLNAME);
-            if (f.fullName.isEmpty())
-                f.fullName = f.family + QLatin1Char(' ') + f.style;
-            f.file = patternString(font, FC_FILE);
-            f.weight = patternInt(font, FC_WEIGHT, FC_WEIGHT_REGULAR);
-            f.slant = patternInt(font, FC_SLANT, FC_SLANT_ROMAN);
-            f.width = patternInt(font, FC_WIDTH, FC_WIDTH_NORMAL);
-            // Some fonts carry wrong weight or slant entries; the style name is the better word.
-            static const QRegularExpression boldWord(
-                QStringLiteral("\\bBold\\b"), QRegularExpression::CaseInsensitiveOption);
-            static const QRegularExpression italicWord(QStringLiteral("\\b(Italic|Oblique)\\b"),
-                QRegularExpression::CaseInsensitiveOption);
-            if (f.weight < FC_WEIGHT_DEMIBOLD && f.style.contains(boldWord))
-                f.weight = FC_WEIGHT_BOLD;
-            if (f.slant == FC_SLANT_ROMAN && f.style.contains(italicWord))
-                f.slant = FC_SLANT_ITALIC;
-            f.type = typeFromFormat(patternString(font, FC_FONTFORMAT));
-            f.symbol = patternBool(font, FC_SYMBOL);
-            FcLangSet *langs = nullptr;
-            if (!f.symbol && FcPatternGetLangSet(font, FC_LANG, 0, &langs) == FcResultMatch) {
-                for (const LangMapping &m : kLangs) {
-                    if (FcLangSetHasLang(langs, reinterpret_cast<const FcChar8 *>(m.lang))
-                        == FcLangEqual)
-                        f.writingSystems.append(m.writingSystem);
-                }
-            }
-            FcCharSet *charset = nullptr;
-            if (FcPatternGetCharSet(font, FC_CHARSET, 0, &charset) == FcResultMatch)
-                f.coverageSample = coverageSample(charset);
+std::pair<QString, QString> SystemFontProvider::systemDefaultFace() const
+{
+    if (!FcInit())
+        return {};
+    const PatternHandle pattern(FcNameParse(reinterpret_cast<const FcChar8 *>("sans-serif")));
+    if (!pattern)
+        return {};
+    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    FcResult result = FcResultNoMatch;
+    const PatternHandle match(FcFontMatch(nullptr, pattern.get(), &result));
+    if (!match)
+        return {};
+    return { patternString(match.get(), FC_FAMILY), patternString(match.get(), FC_STYLE) };
+}
 
-            const auto key = std::make_pair(f.family, f.style);
-            auto it = found.find(key);
-            if (it == found.end())
-                found.emplace(key, f);
-            else if (f.type < it->second.type
-                || (f.type == it->second.type && f.file < it->second.file))
-                it->second = f;
-        }
-        if (set)
-            FcFontSetDestroy(set);
-        FcObjectSetDestroy(objects);
-        FcPatternDestroy(pattern);
+// One face per family and style: the preferred format (TrueType, CFF, Type 1, other), and
+// among equals the first file by name, so the choice does not depend on the listing order.
+std::map<SystemFontProvider::FaceKey, SystemFontProvider::Face>
+SystemFontProvider::oneFormatPerFace(const std::vector<Face> &faces)
+{
+    std::map<FaceKey, Face> chosen;
+    for (const Face &f : faces) {
+        const auto inserted = chosen.emplace(FaceKey(f.family, f.style), f);
+        Face &kept = inserted.first->second;
+        if (!inserted.second && (f.type < kept.type || (f.type == kept.type && f.file < kept.file)))
+            kept = f;
     }
+    return chosen;
+}
 
-    // Ids from the names; a clash moves on to the next free number, in name order.
-    mFaces = missing;
-    for (auto &entry : found) {
+// Families named as symbol fonts count as such whatever fontconfig says; a symbol face has
+// no writing systems.
+void SystemFontProvider::markSymbolFamilies(std::map<FaceKey, Face> &faces) const
+{
+    for (auto &entry : faces) {
         Face &f = entry.second;
         for (const QString &symbolFamily : mSymbolFamilies) {
             if (f.family.compare(symbolFamily, Qt::CaseInsensitive) == 0)
@@ -288,13 +336,39 @@ bool SystemFontProvider::rescan()
         }
         if (f.symbol)
             f.writingSystems.clear();
-        int slot = int(fnv1a(f.family + QLatin1Char('\n') + f.style) % kIdRange);
-        while (mFaces.count(short(slot + 1)))
-            slot = (slot + 1) % kIdRange;
-        mFaces.emplace(short(slot + 1), f);
     }
-    rebuildIndex();
-    return mHash != oldHash;
+}
+
+// Replaces the installed faces by the given ones. A face that was there before keeps its id;
+// a new face takes the number its names hash to, or the next free one, in name order. Fonts
+// that stay are placed first, so a new font can never take an id from one of them.
+void SystemFontProvider::assignIds(std::map<FaceKey, Face> &&faces)
+{
+    std::map<FaceKey, short> previous;
+    std::map<short, Face> next;
+    for (auto &entry : mFaces) {
+        if (entry.second.missing)
+            next.insert(entry);
+        else
+            previous.emplace(FaceKey(entry.second.family, entry.second.style), entry.first);
+    }
+
+    std::vector<std::pair<const FaceKey, Face> *> fresh;
+    for (auto &entry : faces) {
+        const auto known = previous.find(entry.first);
+        if (known != previous.end())
+            next.emplace(known->second, std::move(entry.second));
+        else
+            fresh.push_back(&entry);
+    }
+    for (auto *entry : fresh) {
+        const FaceKey &key = entry->first;
+        int slot = int(fnv1a(key.first + QLatin1Char('\n') + key.second) % kIdRange);
+        while (next.count(short(slot + 1)))
+            slot = (slot + 1) % kIdRange;
+        next.emplace(short(slot + 1), std::move(entry->second));
+    }
+    mFaces = std::move(next);
 }
 
 void SystemFontProvider::rebuildIndex()
@@ -329,25 +403,14 @@ void SystemFontProvider::rebuildIndex()
     }
     mHash = int(h);
 
-    // The default is what fontconfig gives for "sans-serif", else the first installed font.
+    // The default is the host's choice, else what the system gives for "sans-serif", else the
+    // first installed font.
     mDefaultFont = -1;
     if (face(mDefaultOverride) && !mFaces.at(mDefaultOverride).missing) {
         mDefaultFont = mDefaultOverride;
         return;
     }
-    FcPattern *pattern = FcNameParse(reinterpret_cast<const FcChar8 *>("sans-serif"));
-    if (pattern) {
-        FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
-        FcDefaultSubstitute(pattern);
-        FcResult result = FcResultNoMatch;
-        FcPattern *match = FcFontMatch(nullptr, pattern, &result);
-        if (match) {
-            mDefaultFont
-                = fontIdentifier(patternString(match, FC_FAMILY), patternString(match, FC_STYLE));
-            FcPatternDestroy(match);
-        }
-        FcPatternDestroy(pattern);
-    }
+    mDefaultFont = fontIdentifier(mSystemDefault.first, mSystemDefault.second);
     if (mDefaultFont == -1) {
         for (short id : mOrder) {
             if (!mFaces.at(id).missing) {

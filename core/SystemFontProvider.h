@@ -4,7 +4,8 @@
 // Environment. Only scalable fonts are listed; a face that is installed in several formats
 // (an OpenType and a Type 1 file of one design, say) is listed once, preferring TrueType,
 // then OpenType CFF, then Type 1. Identifiers come from the family and style names, so two
-// providers on the same machine give the same ids, and ids survive fonts being added.
+// providers started on the same machine give the same ids; a rescan keeps the id of every
+// font that is still there, so installing a font never moves another one.
 // A host registers fonts a document refers to but the machine lacks with addMissingFont.
 #include "core/FontProviderQt.h"
 
@@ -12,6 +13,7 @@
 #include <QSet>
 #include <QStringList>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace TavoLib {
@@ -20,6 +22,24 @@ class TAVOLIBCORE_EXPORT SystemFontProvider : public FontProviderQt
 {
 public:
     using Ptr = TAutoPtr<SystemFontProvider>;
+
+    // One face as a scan reports it: a font file, or a registered missing font. Weight,
+    // slant and width are in fontconfig's units.
+    struct Face
+    {
+        QString family;
+        QString style;
+        QString fullName;
+        QString file;
+        int weight = 80;
+        int slant = 0;
+        int width = 100;
+        int type = OtherType;
+        bool symbol = false;
+        bool missing = false;
+        QList<BaseWritingSystem> writingSystems;
+        QString coverageSample;
+    };
 
     SystemFontProvider();
     ~SystemFontProvider() override;
@@ -65,25 +85,26 @@ public:
     QString fontFile(short id) const override;
 
 protected:
+    // For a subclass that lists faces of its own: nothing is read until it calls rescan().
+    struct DeferScan
+    {
+    };
+    explicit SystemFontProvider(DeferScan);
+
+    // The installed scalable faces, one entry per font file, so a face installed in several
+    // formats comes several times. Reads fontconfig; a subclass may list other faces.
+    virtual std::vector<Face> scanFaces() const;
+    // The family and style the system prefers for "sans-serif"; empty when it has none.
+    virtual std::pair<QString, QString> systemDefaultFace() const;
+
     QList<BaseWritingSystem> writingSystems(short id) const override;
 
 private:
-    struct Face
-    {
-        QString family;
-        QString style;
-        QString fullName;
-        QString file;
-        int weight = 80;
-        int slant = 0;
-        int width = 100;
-        int type = OtherType;
-        bool symbol = false;
-        bool missing = false;
-        QList<BaseWritingSystem> writingSystems;
-        QString coverageSample;
-    };
+    using FaceKey = std::pair<QString, QString>; // family and style
 
+    static std::map<FaceKey, Face> oneFormatPerFace(const std::vector<Face> &faces);
+    void markSymbolFamilies(std::map<FaceKey, Face> &faces) const;
+    void assignIds(std::map<FaceKey, Face> &&faces);
     const Face *face(short id) const;
     void rebuildIndex();
 
@@ -94,6 +115,7 @@ private:
     QStringList mSymbolFamilies;
     short mDefaultOverride = -1;
     short mDefaultFont = -1;
+    std::pair<QString, QString> mSystemDefault;
     int mHash = 0;
 };
 

@@ -50,10 +50,10 @@ void copyStyle(QWidget *from, QWidget *to)
     }
 }
 
-// The row listing this name. An unknown font has an empty name, which must not match the
-// empty text of a separator row.
+// The row listing this name.
 int findName(QComboBox *combo, const QString &name)
 {
+    // Kept on purpose: an unknown font's empty name never matches a separator's empty text.
     if (name.isEmpty())
         return -1;
     return combo->findData(name, Qt::DisplayRole, Qt::MatchCaseSensitive);
@@ -405,7 +405,7 @@ void FontControllerQt::populateMenu(QMenu *menu, short current) const
                 }
                 action->setData(int(id));
             } else {
-                // Owned by the menu it hangs off, so the whole chain goes with the menu.
+                // Kept on purpose: owned by the menu it hangs off, so it goes with the menu.
                 auto *submenu = new QMenu(target);
                 copyStyle(menu, submenu);
                 for (short face : faces) {

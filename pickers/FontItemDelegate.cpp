@@ -1,5 +1,7 @@
 #include "pickers/FontItemDelegate.h"
 
+#include "style/Device.h"
+
 #include <QApplication>
 #include <QHash>
 #include <QPainter>
@@ -129,9 +131,15 @@ void FontItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem
 QSize FontItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     if (isSeparator(index))
-        return QSize(20, 10);
+        return Device::scaleSize(QSize(20, 10));
+    const int height = ideographHeight(option) + 4;
+    // The view measures every row, so this must stay cheap. The example is squeezed into
+    // whatever cell it gets and asks for no width; skipping the base here keeps each row's
+    // own face out of the measuring, which would resolve every font of a long list.
+    if (index.column() == 1)
+        return QSize(0, height);
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(ideographHeight(option) + 4);
+    size.setHeight(height);
     return size;
 }
 

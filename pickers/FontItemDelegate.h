@@ -18,8 +18,8 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
         const QModelIndex &index) const override;
-    // Every row is as high as a CJK ideograph of the view's font plus a small margin, so
-    // rows of different scripts and faces share one height.
+    // Every font row is as high as a CJK ideograph of the view's font plus a small margin, so
+    // rows of different scripts and faces share one height; a separator is 10 pixels high.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:

@@ -5,6 +5,7 @@
 
 #include <QSet>
 #include <QTreeView>
+#include <limits>
 #include <map>
 
 namespace TavoLib {
@@ -185,7 +186,10 @@ QVariant FontItemModel::headerData(int section, Qt::Orientation orientation, int
 
 bool FontItemModel::insertRows(int row, int count, const QModelIndex &parent)
 {
-    if (parent.isValid() || row < 0 || row > mItems.size() || count < 1)
+    // Checked by subtraction, since row + count overflows for a huge count; no vector could
+    // hold more rows than this anyway.
+    const int room = std::numeric_limits<int>::max() / int(sizeof(Item)) - mItems.size();
+    if (parent.isValid() || row < 0 || row > mItems.size() || count < 1 || count > room)
         return false;
     beginInsertRows(QModelIndex(), row, row + count - 1);
     mItems.insert(row, count, Item());
@@ -195,7 +199,7 @@ bool FontItemModel::insertRows(int row, int count, const QModelIndex &parent)
 
 bool FontItemModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    if (parent.isValid() || count <= 0 || row < 0 || row + count > mItems.size())
+    if (parent.isValid() || count <= 0 || row < 0 || count > mItems.size() - row)
         return false;
     beginRemoveRows(QModelIndex(), row, row + count - 1);
     mItems.remove(row, count);

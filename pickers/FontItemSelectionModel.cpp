@@ -25,7 +25,7 @@ void FontItemSelectionModel::select(
     const QAbstractItemModel *m = first.model();
     if (!m)
         return;
-    // A one-column list has no second column to take in.
+    // Kept on purpose: a one-column list selects its one cell, not an invalid column 1.
     const int last = m->columnCount(first.parent()) > 1 ? 1 : 0;
     const QModelIndex left = m->index(first.row(), 0, first.parent());
     const QModelIndex right = m->index(first.row(), last, first.parent());

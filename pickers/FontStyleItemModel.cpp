@@ -100,7 +100,7 @@ Qt::ItemFlags FontStyleItemModel::flags(const QModelIndex &index) const
 
 bool FontStyleItemModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    if (parent.isValid() || count <= 0 || row < 0 || row + count > mItems.size())
+    if (parent.isValid() || count <= 0 || row < 0 || count > mItems.size() - row)
         return false;
     beginRemoveRows(QModelIndex(), row, row + count - 1);
     mItems.remove(row, count);

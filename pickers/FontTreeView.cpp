@@ -2,12 +2,9 @@
 
 namespace TavoLib {
 
-FontTreeView::FontTreeView(QWidget *parent) : QTreeView(parent)
-{
-    // Rows are as high as the first one anyway; telling the view so spares it from asking
-    // the delegate about every face when the list is laid out.
-    setUniformRowHeights(true);
-}
+// Rows are measured one by one (no uniform row heights), so separators stay thin; the
+// delegate keeps each measure cheap.
+FontTreeView::FontTreeView(QWidget *parent) : QTreeView(parent) { }
 
 int FontTreeView::sizeHintForRow(int) const
 {

@@ -1,8 +1,8 @@
 #pragma once
 
 // FontTreeView is the pop-up list of the font combo boxes. It treats a row as one item
-// (the name column stands for the row), never scrolls sideways, and gives every row the
-// height of the first, so a long list of faces lays out without measuring each face.
+// (the name column stands for the row) and never scrolls sideways. Its size hint for any
+// row is that of the first, a font row; separator rows are laid out thinner.
 #include "style/TavoLibGuiExport.h"
 
 #include <QTreeView>

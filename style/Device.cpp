@@ -25,6 +25,8 @@ namespace {
 
 constexpr int WidgetSizeMax = 0xFFFFFF; // QWIDGETSIZE_MAX
 
+// Cache keys are filled in with one multi-argument arg(), so that a "%1" inside a resource
+// name stays text instead of taking the next argument.
 QString colorText(const QColor *color)
 {
     return color ? color->name() : QStringLiteral("none");
@@ -33,10 +35,7 @@ QString colorText(const QColor *color)
 QString sizeKey(const QString &name, int width, int height, const QColor *color)
 {
     return QStringLiteral("Device/Name: %1/Width: %2/Height: %3/Color: %4")
-        .arg(name)
-        .arg(width)
-        .arg(height)
-        .arg(colorText(color));
+        .arg(name, QString::number(width), QString::number(height), colorText(color));
 }
 
 QPixmap recolored(const QPixmap &pixmap, const QColor *color)
@@ -222,9 +221,7 @@ QPixmap Device::pixmap(const QString &name, int width, int height, const QColor 
 QPixmap Device::pixmap(const QString &name, int height, const QColor *color)
 {
     const QString key = QStringLiteral("Device/Name: %1/Height: %2/Color: %3")
-                            .arg(name)
-                            .arg(height)
-                            .arg(colorText(color));
+                            .arg(name, QString::number(height), colorText(color));
     QPixmap result;
     if (QPixmapCache::find(key, &result))
         return result;
@@ -260,9 +257,7 @@ QPixmap Device::pixmap(const QString &name, const QColor *color)
 QPixmap Device::pixmap(const QString &name, SizeType type, const QColor *color)
 {
     const QString key = QStringLiteral("Device/Name: %1/SizeType: %2/Color: %3")
-                            .arg(name)
-                            .arg(int(type))
-                            .arg(colorText(color));
+                            .arg(name, QString::number(int(type)), colorText(color));
     QPixmap result;
     if (QPixmapCache::find(key, &result))
         return result;

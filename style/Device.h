@@ -20,8 +20,9 @@ namespace TavoLib {
 class TAVOLIBGUI_EXPORT Device
 {
 public:
-    // The numbers are part of pixmap cache keys and must not change.
-    enum SizeType {
+    // The numbers are part of pixmap cache keys and must not change. The fixed underlying
+    // type makes any int, -1 say, a valid (unknown) size type.
+    enum SizeType : int {
         SizeType0 = 0,
         SizeType1 = 1,
         SizeType2 = 2,

@@ -52,7 +52,8 @@ GuiStyle::GuiStyle() : QProxyStyle() { }
 
 QPixmap GuiStyle::cachedResourcePixmap(const QString &name, int width, int height)
 {
-    const QString key = QStringLiteral("%1: %2x%3").arg(name).arg(width).arg(height);
+    const QString key
+        = QStringLiteral("%1: %2x%3").arg(name, QString::number(width), QString::number(height));
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
@@ -73,11 +74,13 @@ int GuiStyle::pixelMetric(
 
 void GuiStyle::polish(QPalette &palette)
 {
+    // Kept on purpose: the base is not called; only the window colour changes.
     palette.setColor(QPalette::All, QPalette::Window, QColor(241, 241, 241, 255));
 }
 
 void GuiStyle::polish(QWidget *widget)
 {
+    // Kept on purpose: the base is not called (nor in unpolish).
     if (!widget)
         return;
     if (auto *group = qobject_cast<QGroupBox *>(widget)) {
@@ -320,6 +323,7 @@ void GuiStyle::drawSlider(
     const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (!slider)
         return;
+    // Kept on purpose: this style's own rectangles, not those of proxy().
     const QRect groove = subControlRect(CC_Slider, slider, SC_SliderGroove, widget);
     const QRect handle = subControlRect(CC_Slider, slider, SC_SliderHandle, widget);
     painter->save();
@@ -347,6 +351,7 @@ void GuiStyle::drawGroupBox(
         return;
     QStyleOptionGroupBox copy(*group);
     copy.subControls &= ~SC_GroupBoxLabel;
+    // Kept on purpose: the base is called directly, not through proxy().
     QProxyStyle::drawComplexControl(CC_GroupBox, &copy, painter, widget);
     if (!(group->subControls & SC_GroupBoxLabel))
         return;
@@ -428,6 +433,7 @@ void GuiStyle::drawToolButton(
             QLinearGradient gradient(frame.topLeft(), frame.bottomLeft());
             if (down || checked) {
                 painter->setPen(outlinePen(QColor(0, 0, 0, 150), 0));
+                // Kept on purpose: both stops at position 0, so the backdrop is flat grey.
                 gradient.setColorAt(0, Qt::darkGray);
                 gradient.setColorAt(0, Qt::darkGray);
             } else {

@@ -3,12 +3,31 @@
 #include "style/Device.h"
 #include "TestRegistry.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QGuiApplication>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QPixmapCache>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QScreen>
+#include <QSpinBox>
 #include <QTest>
 #include <QVBoxLayout>
+
+// A panel style is recognised by this class name anywhere in the style's inheritance.
+namespace Panels {
+class PanelStyle : public QProxyStyle
+{
+    Q_OBJECT
+};
+} // namespace Panels
+
+class DerivedPanelStyle : public Panels::PanelStyle
+{
+    Q_OBJECT
+};
 
 using TavoLib::Device;
 
@@ -28,19 +47,18 @@ class DeviceTest : public QObject
 
     double factor() const { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 96.0; }
     int near(double v) const { return int(v * factor() + 0.5); }
+    int trunc(double v) const { return int(v * factor()); }
 
 private slots:
     // Must run first: nothing in this process has called Device::scale yet.
     void stateBeforeFirstScale()
     {
         QCOMPARE(Device::pixelRatio(), 1.0);
-        const QImage image = Device::emptyImage(QSize(10, 10));
-        QCOMPARE(image.size(), QSize(11, 11));
-        QCOMPARE(image.format(), QImage::Format_ARGB32);
+        QCOMPARE(Device::emptyImage(QSize(10, 10)).size(), QSize(11, 11));
         QCOMPARE(Device::emptyPixmap(QSize(10, 4)).size(), QSize(11, 5));
     }
 
-    void scalesNumbersSizesAndSizeTypes()
+    void scalesNumbersSizesAndPixmaps()
     {
         QCOMPARE(Device::scale(7.0), 7.0 * factor());
         QCOMPARE(Device::pixelRatio(), qApp->devicePixelRatio());
@@ -60,10 +78,7 @@ private slots:
             QCOMPARE(Device::size(type), Device::scaleSize(QSize(-1, -1)));
             QVERIFY(Device::pixmap(QIcon(":/TavoLib/Controls/check-undefined"), type).isNull());
         }
-    }
 
-    void scalesPixmapsOnlyWhenTheNumbersChange()
-    {
         QPixmap big(40, 40);
         big.fill(Qt::red);
         const QPixmap same = Device::scale(big, 12, 12);
@@ -91,11 +106,10 @@ private slots:
         QCOMPARE(minOnly->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
         // Minimum rounds to nearest, maximum truncates; a maximum of 0 stays 0.
         QCOMPARE(limited->minimumSize(), QSize(near(9), near(9)));
-        QCOMPARE(limited->maximumSize(), QSize(int(9 * factor()), 0));
+        QCOMPARE(limited->maximumSize(), QSize(trunc(9), 0));
         QCOMPARE(free->minimumSize(), QSize(0, 0));
         QCOMPARE(free->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-        QCOMPARE(root.maximumSize(), QSize(QWIDGETSIZE_MAX, int(50 * factor())));
-        QVERIFY(Device::scale(static_cast<QWidget *>(nullptr)) == nullptr);
+        QCOMPARE(root.maximumSize(), QSize(QWIDGETSIZE_MAX, trunc(50)));
 
         // A dialog is shrunk to its minimum size hint.
         QDialog dialog;
@@ -106,6 +120,46 @@ private slots:
         Device::scale(&dialog);
         QCOMPARE(dialog.size(), dialog.minimumSizeHint());
         QVERIFY(dialog.width() < 600);
+    }
+
+    // Under a panel style (the root's style counts), controls whose height the style fixes get
+    // only their widths scaled, truncated; the rest take the general path.
+    void panelStyleScalesOnlyWidthsOfFramedControls()
+    {
+        DerivedPanelStyle style;
+        QWidget root;
+        root.setStyle(&style);
+        auto *button = new QPushButton(&root);
+        button->setMinimumWidth(100);
+        button->setFixedHeight(30);
+        auto *edit = new QLineEdit(&root);
+        edit->setMinimumSize(101, 10);
+        auto *spin = new QSpinBox(&root);
+        spin->setMaximumSize(99, 40);
+        auto *header = new QHeaderView(Qt::Horizontal, &root);
+        header->setMinimumHeight(21);
+        auto *frameless = new QComboBox(&root);
+        frameless->setFrame(false);
+        frameless->setMinimumSize(50, 21);
+        auto *vertical = new QHeaderView(Qt::Vertical, &root);
+        vertical->setMinimumSize(9, 9);
+        QWidget plainRoot;
+        auto *styledChild = new QPushButton(&plainRoot);
+        styledChild->setStyle(&style);
+        styledChild->setFixedHeight(30);
+
+        Device::scale(&root);
+        Device::scale(&plainRoot);
+
+        QCOMPARE(button->minimumSize(), QSize(trunc(100), 30));
+        QCOMPARE(button->maximumHeight(), 30);
+        QCOMPARE(edit->minimumSize(), QSize(trunc(101), 10));
+        QCOMPARE(spin->maximumSize(), QSize(trunc(99), 40));
+        QCOMPARE(header->minimumHeight(), 21);
+        QCOMPARE(frameless->minimumSize(), QSize(near(50), near(21)));
+        QCOMPARE(vertical->minimumSize(), QSize(near(9), near(9)));
+        QCOMPARE(styledChild->minimumHeight(), near(30));
+        QCOMPARE(styledChild->maximumHeight(), trunc(30));
     }
 
     void namedPixmapsAreCachedPerSizeAndColour()
@@ -139,6 +193,16 @@ private slots:
         QVERIFY(!cached(name + "/SizeType: 3/Color: none"));
         QCOMPARE(Device::pixmap(name, Device::SizeType3).size(), Device::size(Device::SizeType3));
         QVERIFY(cached(name + "/SizeType: 3/Color: none"));
+
+        // A "%1" in a name is text, not a place for the next number.
+        const QString odd = QStringLiteral(":/no/such%1%2");
+        Device::pixmap(odd, 8, 8);
+        Device::pixmap(odd, 8, &red);
+        Device::pixmap(odd, Device::SizeType3);
+        Device::pixmap(odd);
+        for (const char *key : { "/Width: 8/Height: 8/Color: none", "/Height: 8/Color: #ff0000",
+                 "/SizeType: 3/Color: none", "/Color: none" })
+            QVERIFY2(cached(odd + key), key);
     }
 
     void missingNamesCacheNullsAndUnnamedIconsNothing()
