@@ -187,9 +187,10 @@ private slots:
             IconMenu *popup = menuPopup(&menu, config, &anchor);
             auto *delegate = qobject_cast<IconMenuDelegate *>(popup->itemDelegate());
             const int w = popup->visualRect(popup->model()->index(0, 0)).width();
+            const bool columns = delegate->drawIcons() == icon && delegate->drawCheckStates() == check;
             popup->close();
             flushDeletes();
-            return delegate->drawIcons() == icon && delegate->drawCheckStates() == check ? w : -1;
+            return columns ? w : -1;
         };
         const int plain = widthOf(false, false);
         QCOMPARE(widthOf(true, false) - plain, config.spacing + config.iconSize);
