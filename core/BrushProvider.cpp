@@ -4,4 +4,9 @@ namespace TavoLib {
 
 BrushProvider::~BrushProvider() = default;
 
+int BrushProvider::hash() const
+{
+    return 0;
+}
+
 } // namespace TavoLib

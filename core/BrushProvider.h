@@ -34,6 +34,10 @@ public:
     virtual TAutoPtr<Brush> brush(short id) const = 0;
     // The brush filling `size` device pixels; null for an unknown id or an empty size.
     virtual QPixmap preview(short id, const QSize &size) const = 0;
+    // A stamp of the provider's content: it changes whenever brushes come or go, so that
+    // editors know when their lists are stale. Only its inequality counts; a provider whose
+    // content never changes keeps the default.
+    virtual int hash() const;
 };
 
 } // namespace TavoLib

@@ -58,4 +58,9 @@ TAutoPtr<const Stylesheet> StylesheetManager::stylesheet(const QString &type, co
     return TAutoPtr<const Stylesheet>();
 }
 
+QString StylesheetManager::displayText(TAutoPtr<const Stylesheet> stylesheet) const
+{
+    return stylesheet ? stylesheet->displayText() : QString();
+}
+
 } // namespace TavoLib

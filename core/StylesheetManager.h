@@ -28,6 +28,8 @@ public:
     virtual std::list<TAutoPtr<const Stylesheet>> stylesheetsWithType(const QString &type) const;
     // The stylesheet of that type and name; null when there is none.
     virtual TAutoPtr<const Stylesheet> stylesheet(const QString &type, const QString &name) const;
+    // The text that names a stylesheet to the user; empty for null.
+    virtual QString displayText(TAutoPtr<const Stylesheet> stylesheet) const;
 
 private:
     std::vector<TAutoPtr<const Stylesheet>> mStylesheets;
