@@ -160,21 +160,22 @@ QSize MyDoubleSpinBox::hintFor(int height) const
 {
     ensurePolished();
     // Wide enough for any number within the limits at the shown precision: the digits of
-    // the larger limit, all decimals, a sign and the unit, each digit as wide as the widest.
-    const QFontMetrics metrics(mEdit->font());
-    int digitWidth = 0;
-    for (char digit = '0'; digit <= '9'; ++digit)
-        digitWidth = qMax(digitWidth, metrics.horizontalAdvance(QLatin1Char(digit)));
+    // the larger limit, all decimals, a sign and the unit, every digit the widest one,
+    // measured as one text, as the field lays it out.
+    const QFontMetricsF metrics(mEdit->font());
+    QChar widest = QLatin1Char('0');
+    for (char digit = '1'; digit <= '9'; ++digit) {
+        if (metrics.horizontalAdvance(QLatin1Char(digit)) > metrics.horizontalAdvance(widest))
+            widest = QLatin1Char(digit);
+    }
     auto numberWidth = [&](double minimum, double maximum, int precision, unsigned int unit) {
         const double largest = qMax(std::fabs(minimum), std::fabs(maximum));
         const int integers = largest >= 1.0 ? int(std::floor(std::log10(largest))) + 1 : 1;
-        const int digits = qMin(integers, 18) + qBound(0, precision, kMaxStepPrecision);
-        QString rest = CUnit(unit).symbol();
-        if (minimum < 0)
-            rest += QLatin1Char('-');
+        QString sample = minimum < 0 ? QStringLiteral("-") : QString();
+        sample += QString(qMin(integers, 18), widest);
         if (precision > 0)
-            rest += QLatin1Char('.');
-        return digits * digitWidth + metrics.horizontalAdvance(rest);
+            sample += QLatin1Char('.') + QString(qMin(precision, kMaxStepPrecision), widest);
+        return int(std::ceil(metrics.horizontalAdvance(sample + CUnit(unit).symbol())));
     };
     int width = numberWidth(mEdit->minimum(), mEdit->maximum(), mEdit->precision(), mEdit->unit());
     if (mEdit->useSecondUnit()) {
@@ -182,7 +183,7 @@ QSize MyDoubleSpinBox::hintFor(int height) const
             numberWidth(mEdit->secondMinimum(), mEdit->secondMaximum(), mEdit->secondPrecision(),
                 mEdit->secondUnit()));
     }
-    width = qMax(width, metrics.horizontalAdvance(mEdit->specialValueText()));
+    width = qMax(width, int(std::ceil(metrics.horizontalAdvance(mEdit->specialValueText()))));
 
     // The line edit's own margins: two pixels a side, the text margins, the cursor, a frame.
     const QMargins margins = mEdit->textMargins();
@@ -192,7 +193,18 @@ QSize MyDoubleSpinBox::hintFor(int height) const
 
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, QSize(width, height), this);
+    QSize hint = style()->sizeFromContents(QStyle::CT_SpinBox, &option, QSize(width, height), this);
+    // Styles may size the arrows by the height and leave the text less room than they add
+    // for them: widen until the text field itself has the width.
+    for (int round = 0; round < 3; ++round) {
+        option.rect = QRect(QPoint(), hint);
+        const QRect field = style()->subControlRect(
+            QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, this);
+        if (field.width() >= width)
+            break;
+        hint.rwidth() += width - field.width();
+    }
+    return hint;
 }
 
 QSize MyDoubleSpinBox::sizeHint() const

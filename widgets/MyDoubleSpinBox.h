@@ -36,10 +36,12 @@ public:
     // The field is empty: the value is undefined.
     bool isUndefined() const;
     bool allowEmpty() const;
-    // The text shown for the special value, which keeps its number.
+    // The text shown for the special value, which keeps its number; a field showing the old
+    // text shows the new one. Hides QAbstractSpinBox's, which knows nothing of the field.
     void setSpecialValueText(const QString &text);
 
-    // The inner field, which holds the value and the limits.
+    // The inner field, which holds the value and the limits. After changing the limits on it
+    // directly, call updateGeometry() so that the size hint follows.
     Ta_UnitEdit *unitEdit() const { return mEdit; }
 
     // Moves the value by `steps` times the smallest shown digit, within the limits of the
@@ -47,7 +49,7 @@ public:
     // the limits, and steps from there; unreadable text and a read-only field do not step.
     void stepBy(int steps) override;
     // Which arrows work: none when read-only or the text is unreadable, both from an empty
-    // field, and neither beyond a limit of the unit in use.
+    // field, and none past a limit of the unit in use.
     StepEnabled stepEnabled() const override;
 
     QSize sizeHint() const override;

@@ -10,7 +10,8 @@ void MyWidget::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
     // A child constructed in place gets its focus policy after it was added; by the time it
-    // is polished it has one. When the proxy goes, the next editor takes over.
+    // is polished it has one. When the proxy goes, deleted or moved to another parent, the
+    // next editor takes over.
     if (event->removed() && event->child() == focusProxy())
         setFocusProxy(nullptr);
     if (!focusProxy())
