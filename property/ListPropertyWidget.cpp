@@ -1,0 +1,215 @@
+#include "property/ListPropertyWidget.h"
+
+#include "core/ActivatableGroupProperty.h"
+#include "core/ExtendedSelectorProperty.h"
+#include "core/GroupProperty.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVariant>
+#include <QVBoxLayout>
+
+namespace TavoLib {
+
+ListPropertyWidget::ListPropertyWidget(QWidget *parent)
+    : QWidget(parent)
+{
+    // The rows' editors lie inside this widget's own frame.
+    mFactory.setWithEditorFrame(false);
+    connect(&mFactory, &PropertyEditorFactory::propertyChanged, this,
+        &ListPropertyWidget::elementChanged);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    mRowsArea = new QWidget(this);
+    mRowsLayout = new QVBoxLayout(mRowsArea);
+    mRowsLayout->setContentsMargins(0, 0, 0, 0);
+    mRowsLayout->setSpacing(2);
+    layout->addWidget(mRowsArea);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->setContentsMargins(0, 0, 0, 0);
+    mAddButton = new QToolButton(this);
+    mAddButton->setObjectName(QStringLiteral("add"));
+    mAddButton->setDefaultAction(new QAction(tr("Add"), mAddButton));
+    mAddButton->setToolTip(tr("Add an entry at the end"));
+    connect(mAddButton, &QToolButton::triggered, this, &ListPropertyWidget::addNewEntry);
+    buttons->addWidget(mAddButton);
+    mUndefinedButton = new QToolButton(this);
+    mUndefinedButton->setObjectName(QStringLiteral("undefined"));
+    mUndefinedButton->setText(tr("Undefined"));
+    mUndefinedButton->setCheckable(true);
+    connect(mUndefinedButton, &QToolButton::clicked, this, &ListPropertyWidget::undefinedButtonClicked);
+    buttons->addWidget(mUndefinedButton);
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    setFocusProxy(mAddButton);
+    updateButtons();
+}
+
+ListPropertyWidget::~ListPropertyWidget()
+{
+    // The rows go with this widget; the factory must not hear of them any more.
+    mFactory.disconnect(this);
+    mFactory.clear();
+}
+
+void ListPropertyWidget::setStylesheetManager(TAutoPtr<StylesheetManager const> manager)
+{
+    mFactory.setStylesheetManager(manager);
+}
+
+void ListPropertyWidget::setBrushProvider(TAutoPtr<BrushProviderQt const> provider)
+{
+    mFactory.setBrushProvider(provider);
+}
+
+void ListPropertyWidget::setPenStyleProvider(TAutoPtr<PenStyleProviderQt const> provider)
+{
+    mFactory.setPenStyleProvider(provider);
+}
+
+void ListPropertyWidget::setLineHeadStyleProvider(TAutoPtr<LineHeadStyleProviderQt const> provider)
+{
+    mFactory.setLineHeadStyleProvider(provider);
+}
+
+void ListPropertyWidget::setFontProvider(TAutoPtr<FontProviderQt const> provider)
+{
+    mFactory.setFontProvider(provider);
+}
+
+void ListPropertyWidget::setTranslator(TAutoPtr<Translator const> translator)
+{
+    mFactory.setTranslator(translator);
+}
+
+void ListPropertyWidget::setValues(TAutoPtr<ListProperty> list)
+{
+    mList = list;
+    rebuild();
+}
+
+QWidget *ListPropertyWidget::makeRow(int index, TAutoPtr<Property> element)
+{
+    auto *row = new QWidget(mRowsArea);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    const QString owner = QString::number(index);
+    // A plain group is one element of several columns: an editor per child.
+    const bool columns = TAutoPtr<GroupProperty>(element)
+        && !TAutoPtr<ActivatableGroupProperty>(element)
+        && !TAutoPtr<ExtendedSelectorProperty>(element);
+    QList<TAutoPtr<Property>> parts;
+    if (columns) {
+        for (const auto &child : *TAutoPtr<GroupProperty>(element))
+            parts.append(child);
+    } else {
+        parts.append(element);
+    }
+    QWidget *first = nullptr;
+    for (const auto &part : parts) {
+        QWidget *editor = part ? mFactory.createEditor(part, row, owner) : nullptr;
+        if (!editor)
+            editor = new QLabel(part ? part->toString() : QString(), row);
+        layout->addWidget(editor, 1);
+        if (!first)
+            first = editor;
+    }
+    auto *remove = new QToolButton(row);
+    remove->setObjectName(QStringLiteral("delete"));
+    remove->setText(tr("Delete"));
+    remove->setProperty("element index", QVariant(index));
+    connect(remove, &QToolButton::clicked, this, &ListPropertyWidget::removeCurrentEntry);
+    layout->addWidget(remove);
+    row->setFocusProxy(first ? first : remove);
+    return row;
+}
+
+void ListPropertyWidget::rebuild()
+{
+    // Rows may be rebuilt from a click inside one of them: they go once that click is done.
+    mFactory.clear();
+    for (const QPointer<QWidget> &row : qAsConst(mRows)) {
+        if (row) {
+            row->hide();
+            row->deleteLater();
+        }
+    }
+    mRows.clear();
+    if (mList) {
+        int index = 0;
+        for (const auto &element : *mList) {
+            QWidget *row = makeRow(index++, element);
+            mRowsLayout->addWidget(row);
+            row->show();
+            mRows.append(row);
+        }
+    }
+    updateButtons();
+}
+
+void ListPropertyWidget::updateButtons()
+{
+    const bool undefined = mList && mList->isUndefined();
+    mRowsArea->setVisible(!undefined);
+    mUndefinedButton->setVisible(mList && mList->isUndefinable());
+    mUndefinedButton->setChecked(undefined);
+    mAddButton->setEnabled(mList && !undefined && mList->masterProperty()
+        && mList->size() < mList->maximum());
+    const bool canRemove = mList && mList->size() > mList->minimum();
+    for (const QPointer<QWidget> &row : qAsConst(mRows))
+        if (row)
+            if (auto *remove = row->findChild<QToolButton *>(QStringLiteral("delete")))
+                remove->setEnabled(canRemove);
+}
+
+void ListPropertyWidget::elementChanged(TavoLib::Property::Ptr)
+{
+    if (mList && mList->isUndefined())
+        mList->setUndefined(false);
+    emit propertiesChanged();
+}
+
+void ListPropertyWidget::undefinedButtonClicked()
+{
+    if (!mList || !mList->isUndefinable())
+        return;
+    mList->setUndefined(!mList->isUndefined());
+    updateButtons();
+    emit propertiesChanged();
+}
+
+void ListPropertyWidget::addNewEntry()
+{
+    if (!mList || !mList->insertProperty(mList->size()))
+        return;
+    mList->setUndefined(false);
+    rebuild();
+    if (!mRows.isEmpty() && mRows.last())
+        mRows.last()->setFocus(Qt::OtherFocusReason);
+    emit propertiesChanged();
+}
+
+void ListPropertyWidget::removeCurrentEntry()
+{
+    if (!mList)
+        return;
+    int index = -1;
+    if (QObject *button = sender())
+        if (button->property("element index").isValid())
+            index = button->property("element index").toInt();
+    for (int i = 0; index < 0 && i < mRows.size(); ++i)
+        if (mRows.at(i) && mRows.at(i)->isAncestorOf(focusWidget()))
+            index = i;
+    if (index < 0 || !mList->removeProperty(index))
+        return;
+    rebuild();
+    emit propertiesChanged();
+}
+
+} // namespace TavoLib

@@ -1,0 +1,69 @@
+#pragma once
+
+// The editor of a list property: one row per element, each row made of the editors a factory
+// of its own builds for the element (one per column when the element is a group), with a
+// "Delete" button; an add button below appends an element. Both respect the list's
+// minimum and maximum. An undefinable list also shows a button that makes it undefined
+// (rows hidden) or defined again. propertiesChanged() reports each change once; the list
+// property itself has already been changed then.
+#include "core/ListProperty.h"
+#include "property/PropertyEditorFactory.h"
+#include "style/TavoLibGuiExport.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QToolButton;
+class QVBoxLayout;
+
+namespace TavoLib {
+
+class TAVOLIBGUI_EXPORT ListPropertyWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit ListPropertyWidget(QWidget *parent = nullptr);
+    ~ListPropertyWidget() override;
+
+    void setStylesheetManager(TAutoPtr<StylesheetManager const> manager);
+    void setBrushProvider(TAutoPtr<BrushProviderQt const> provider);
+    void setPenStyleProvider(TAutoPtr<PenStyleProviderQt const> provider);
+    void setLineHeadStyleProvider(TAutoPtr<LineHeadStyleProviderQt const> provider);
+    void setFontProvider(TAutoPtr<FontProviderQt const> provider);
+    void setTranslator(TAutoPtr<Translator const> translator);
+
+    // Shows the elements of `list` and edits them in place; null shows nothing.
+    void setValues(TAutoPtr<ListProperty> list);
+    TAutoPtr<ListProperty> values() const { return mList; }
+    // The number of element rows shown.
+    int rowCount() const { return mRows.size(); }
+    // The factory that builds the rows' editors.
+    PropertyEditorFactory *factory() { return &mFactory; }
+
+signals:
+    void propertiesChanged();
+
+public slots:
+    // Toggles the list between undefined and defined.
+    void undefinedButtonClicked();
+    // Appends an element made from the list's pattern.
+    void addNewEntry();
+    // Removes the element whose "Delete" button sent this, or else the one holding focus.
+    void removeCurrentEntry();
+
+private:
+    void rebuild();
+    void updateButtons();
+    void elementChanged(TavoLib::Property::Ptr element);
+    QWidget *makeRow(int index, TAutoPtr<Property> element);
+
+    PropertyEditorFactory mFactory;
+    TAutoPtr<ListProperty> mList;
+    QVBoxLayout *mRowsLayout = nullptr;
+    QWidget *mRowsArea = nullptr;
+    QToolButton *mAddButton = nullptr;
+    QToolButton *mUndefinedButton = nullptr;
+    QList<QPointer<QWidget>> mRows;
+};
+
+} // namespace TavoLib

@@ -1,0 +1,190 @@
+#pragma once
+
+// Turns one Property into one working editor widget, pushes new values into editors that
+// already exist, and turns each edit into a write to the property followed by one
+// propertyChanged signal. The factory does not own its editors (their Qt parent does); it
+// remembers which widgets edit which property, grouped by a free owner identifier so that
+// one factory can serve several panels or edited objects at once.
+#include "core/BrushProviderQt.h"
+#include "core/FontProviderQt.h"
+#include "core/LineHeadStyleProviderQt.h"
+#include "core/PenStyleProviderQt.h"
+#include "core/Property.h"
+#include "core/StringProperty.h"
+#include "core/StylesheetManager.h"
+#include "core/Translator.h"
+#include "core/units/UnitValue.h"
+#include "style/TavoLibGuiExport.h"
+
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <map>
+
+class QAction;
+class QComboBox;
+class QLineEdit;
+class QMenu;
+class MyDoubleSpinBox;
+class Ta_UnitEdit;
+
+namespace TavoLib {
+
+class FontProperty;
+class UnitValueProperty;
+class UnitValueSelectorProperty;
+
+class TAVOLIBGUI_EXPORT PropertyEditorFactory : public QObject
+{
+    Q_OBJECT
+public:
+    // The look of a whole family of editors.
+    enum WidgetsTheme {
+        WidgetsThemeTree = 0,    // flat check boxes, a list as a size spin box, no read-only text
+        WidgetsThemeForm = 1,    // plain form controls (the default)
+        WidgetsThemeCompact = 2, // booleans and selector buttons as small tool buttons
+        WidgetsThemeCombo = 3    // selector combo boxes with the library's popup
+    };
+    Q_ENUM(WidgetsTheme)
+
+    // The family and style combo boxes of one font property.
+    struct FontControls
+    {
+        QPointer<QWidget> family;
+        QPointer<QWidget> style;
+    };
+
+    explicit PropertyEditorFactory(QObject *parent = nullptr, bool liveStringUpdates = false);
+    ~PropertyEditorFactory() override;
+
+    // The editor to place in a form, or null for a kind that has none (a plain group, a bare
+    // property, null). Building an editor never reports a change.
+    QWidget *createEditor(
+        TAutoPtr<Property> property, QWidget *parent, const QString &ownerIdentifier);
+
+    // Both apply to editors made afterwards.
+    void setWidgetsTheme(WidgetsTheme theme);
+    WidgetsTheme widgetsTheme() const { return mWidgetsTheme; }
+    void setWithEditorFrame(bool withFrame);
+
+    // A different brush or font provider refreshes the editors of that kind; the others only
+    // store.
+    void setBrushProvider(TAutoPtr<BrushProviderQt const> provider);
+    void setFontProvider(TAutoPtr<FontProviderQt const> provider);
+    void setPenStyleProvider(TAutoPtr<PenStyleProviderQt const> provider);
+    void setLineHeadStyleProvider(TAutoPtr<LineHeadStyleProviderQt const> provider);
+    void setTranslator(TAutoPtr<Translator const> translator);
+    void setStylesheetManager(TAutoPtr<StylesheetManager const> manager);
+    TAutoPtr<BrushProviderQt const> brushProvider() const { return mBrushProvider; }
+
+    // Every widget registered for exactly this object, under all owners: by owner in key
+    // order, then by widget address.
+    QList<QWidget *> propertyEditors(TAutoPtr<Property const> property);
+
+    // Rebuilds the lists of the font, brush, pen and line-head combo boxes after a
+    // provider's content changed; without force only when the provider's stamp moved.
+    void updateEditors(bool force);
+    void updateFontEditors(bool force);
+    void updateBrushEditors(bool force);
+    void updatePenStyleEditors(bool force);
+    void updateLineHeadStyleEditors(bool force);
+
+    // Forgets every editor without touching the widgets: for when they are going or gone.
+    void clear();
+
+    // Reacting to a text or value edit that arrives outside a signal.
+    void unitValuePropertyChanged(Ta_UnitEdit *edit);
+
+signals:
+    void propertyChanged(TavoLib::Property::Ptr property);
+
+public slots:
+    void integerPropertyChanged(int value);
+    void doublePropertyChanged(double value);
+    void stringPropertyChanged();
+    void selectorPropertyChanged(int itemIndex);
+    void stylesheetPropertyChanged(int itemIndex);
+    void unitValuePresetChanged(int itemIndex);
+    void extendedSelectorPropertyChanged(int itemIndex);
+    void unitValuePropertyChanged(const UnitValue &value);
+    void unitValueSelectorPropertyChanged(const UnitValue &value);
+    void unitValueSelectorPropertyChanged(int);
+    void fontSizeChanged(const UnitValue &value);
+    void boolPropertyChanged();
+    void customColorPropertyChanged();
+    void brushPropertyChanged(int itemIndex);
+    void penStylePropertyChanged(int itemIndex);
+    void lineHeadStylePropertyChanged(int itemIndex);
+    void referenceSizeTypeChanged();
+    void fontPropertyByMenuChanged(QAction *action);
+    void fontFamilyPropertyChanged();
+    void fontStylePropertyChanged();
+    void listSizeChanged(int newSize);
+    void listWidgetPropertiesChanged();
+
+    // Hands a new property of the same uniqueName to the editors that exist under the
+    // owner, and brings the widgets up to it.
+    void applyPropertyValues(TavoLib::Property::Ptr property, QString ownerIdentifier);
+    void applyPropertyValues(TavoLib::Property::Ptr property);
+
+private slots:
+    void toolButtonClicked(bool checked);
+    void toolButtonItemChanged(QAction *action);
+    void activatableGroupStateChanged();
+    void editorDestroyed(QObject *obj);
+    void insertPredefineAction(QAction *action);
+
+private:
+    using EditorMap = QMap<QWidget *, TAutoPtr<Property>>;
+
+    QString translate(const QString &text) const;
+    void registerEditor(QWidget *editor, EditorMap &editors, TAutoPtr<Property> property);
+    QMenu *createPredefinesMenu(
+        const QList<StringProperty::PredefineItem> &items, QWidget *parent);
+    QComboBox *CreateUnitValueComboBox(
+        TAutoPtr<UnitValueProperty> property, QLineEdit *edit, QWidget *parent);
+    void createFontEditors(TAutoPtr<FontProperty> property, QWidget *parent, QWidget *&family,
+        QWidget *&style, QWidget *&third);
+
+    QWidget *makeEditor(TAutoPtr<Property> property, QWidget *parent, EditorMap &editors);
+    QComboBox *newCombo(QWidget *parent, bool selectorCombo) const;
+    void fillMeasureSelector(
+        TAutoPtr<UnitValueSelectorProperty> property, MyDoubleSpinBox *spin, QComboBox *combo);
+    void applyValues(
+        TAutoPtr<Property> property, const QList<QWidget *> &widgets);
+    void fontPropertyChanged();
+    TAutoPtr<Property> toProperty(QWidget *editor) const;
+    TAutoPtr<Property> toProperty(QObject *sender) const;
+    FontControls toFontControls(TAutoPtr<Property> property) const;
+    bool writesAllowed() const { return mApplying == 0; }
+
+    std::map<Property::Ptr, FontControls> mFontControls;
+    std::map<QString, QMap<QWidget *, Property::Ptr>> mEditors;
+    std::map<Property::Ptr, QPointer<QWidget>> mBrushEditors;
+    std::map<Property::Ptr, QPointer<QWidget>> mPenStyleEditors;
+    std::map<Property::Ptr, QPointer<QWidget>> mLineHeadStyleEditors;
+    std::map<Property::Ptr, QPointer<QWidget>> mReferenceSizeEditors;
+    std::map<QComboBox *, Ta_UnitEdit *> mPresetCombos;
+    TAutoPtr<BrushProviderQt const> mBrushProvider;
+    TAutoPtr<PenStyleProviderQt const> mPenStyleProvider;
+    TAutoPtr<LineHeadStyleProviderQt const> mLineHeadStyleProvider;
+    TAutoPtr<FontProviderQt const> mFontProvider;
+    TAutoPtr<Translator const> mTranslator;
+    TAutoPtr<StylesheetManager const> mStylesheetManager;
+    int mFontProviderStamp = 0;
+    int mBrushProviderStamp = 0;
+    bool mLiveStringUpdates = false;
+    Property::Ptr mCurrentProperty;
+    QWidget *mCurrentEditor = nullptr;
+    bool mWithEditorFrame = true;
+    WidgetsTheme mWidgetsTheme = WidgetsThemeForm;
+    // Above 0 while values are applied: the widgets' own signals then write nothing.
+    int mApplying = 0;
+    // True while the invalid-entry message is up: the field's focus loss to the message box
+    // must not ask again.
+    bool mWarning = false;
+};
+
+} // namespace TavoLib
+
