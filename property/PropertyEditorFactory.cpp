@@ -883,6 +883,10 @@ void PropertyEditorFactory::fillMeasureSelector(
         combo->addItem(QString(), QVariant(int(0)));
         combo->insertSeparator(1);
         spin->setUnitValue(UnitValue(0, CUnit(BlankUnit)), BlankUnit, 0, 0, 0, false, false);
+        // The blank row shows a blank field, not the number it carries; the field may stay
+        // empty until a real item is chosen.
+        spin->unitEdit()->setAllowEmpty(true);
+        spin->unitEdit()->setText(QString());
         spin->setEnabled(false);
         combo->setCurrentIndex(0);
     }

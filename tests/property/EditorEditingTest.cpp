@@ -133,6 +133,7 @@ private slots:
         auto *spin = f.find<MyDoubleSpinBox>(editor);
         QComboBox *combo = f.find<QComboBox>(editor);
         QVERIFY(!spin->isEnabled());
+        QVERIFY(spin->unitEdit()->text().isEmpty());
         // kept on purpose: the blank row carries the id 0 and so selects that item.
         combo->setCurrentIndex(0);
         combo->setCurrentIndex(3);
