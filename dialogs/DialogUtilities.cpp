@@ -105,8 +105,10 @@ bool DialogUtilities::restoreGeometry(QDialog &dialog, const QString &key)
     const QVariant stored = settings.value(QStringLiteral("Geometry"), QRect());
     QRect rect = stored.userType() == QMetaType::QRect ? stored.toRect() : QRect();
     const int limit = 1 << 20;
-    if (qAbs(rect.x()) > limit || qAbs(rect.y()) > limit || rect.width() > limit || rect.height() > limit)
-        rect = QRect();
+    // The edges are checked one by one: a width or height of extreme edges does not fit an int.
+    for (int edge : { rect.left(), rect.top(), rect.right(), rect.bottom() })
+        if (edge < -limit || edge > limit)
+            rect = QRect();
     Ta_WidgetGeometry geometry(-1);
     const QRect available = geometry.availableGeometry();
     const QPoint centred((available.width() - rect.width()) / 2 + available.left(),

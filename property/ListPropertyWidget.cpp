@@ -13,6 +13,17 @@
 
 namespace TavoLib {
 
+namespace {
+
+// A plain group is one element of several columns: an editor per child.
+bool isColumns(const TAutoPtr<Property> &element)
+{
+    return TAutoPtr<GroupProperty>(element) && !TAutoPtr<ActivatableGroupProperty>(element)
+        && !TAutoPtr<ExtendedSelectorProperty>(element);
+}
+
+} // namespace
+
 ListPropertyWidget::ListPropertyWidget(QWidget *parent)
     : QWidget(parent)
 {
@@ -89,8 +100,25 @@ void ListPropertyWidget::setTranslator(TAutoPtr<Translator const> translator)
 
 void ListPropertyWidget::setValues(TAutoPtr<ListProperty> list)
 {
+    const bool sameShape = list && mList && list->size() == mRows.size()
+        && list->masterProperty() == mList->masterProperty();
     mList = list;
-    rebuild();
+    if (!sameShape) {
+        rebuild();
+        return;
+    }
+    // The rows fit the new list: its elements go into the editors that are there.
+    int index = 0;
+    for (const auto &element : *mList) {
+        const QString owner = QString::number(index++);
+        if (isColumns(element)) {
+            for (const auto &child : *TAutoPtr<GroupProperty>(element))
+                mFactory.applyPropertyValues(child, owner);
+        } else {
+            mFactory.applyPropertyValues(element, owner);
+        }
+    }
+    updateButtons();
 }
 
 QWidget *ListPropertyWidget::makeRow(int index, TAutoPtr<Property> element)
@@ -100,12 +128,8 @@ QWidget *ListPropertyWidget::makeRow(int index, TAutoPtr<Property> element)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     const QString owner = QString::number(index);
-    // A plain group is one element of several columns: an editor per child.
-    const bool columns = TAutoPtr<GroupProperty>(element)
-        && !TAutoPtr<ActivatableGroupProperty>(element)
-        && !TAutoPtr<ExtendedSelectorProperty>(element);
     QList<TAutoPtr<Property>> parts;
-    if (columns) {
+    if (isColumns(element)) {
         for (const auto &child : *TAutoPtr<GroupProperty>(element))
             parts.append(child);
     } else {

@@ -27,6 +27,8 @@
 #include "widgets/MyWidget.h"
 #include "widgets/Ta_ColorView.h"
 
+#include <algorithm>
+
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -204,6 +206,9 @@ void PropertyEditorFactory::registerEditor(
     QWidget *editor, EditorMap &editors, TAutoPtr<Property> property)
 {
     editors[editor] = property;
+    QList<QWidget *> &named = mByName[property ? property->uniqueName() : QString()];
+    if (!named.contains(editor))
+        named.append(editor);
     connect(editor, &QObject::destroyed, this, &PropertyEditorFactory::editorDestroyed,
         Qt::UniqueConnection);
 }
@@ -255,6 +260,7 @@ void PropertyEditorFactory::clear()
     mPenStyleEditors.clear();
     mLineHeadStyleEditors.clear();
     mPresetCombos.clear();
+    mByName.clear();
     mCurrentProperty = nullptr;
     mCurrentEditor = nullptr;
 }
@@ -271,10 +277,14 @@ QWidget *PropertyEditorFactory::createEditor(
     if (!result)
         return nullptr;
     if (parent && parent->style()) {
+        // A widget that already draws with the parent's style is left as it is: setting the
+        // same style again only repolishes it.
         QStyle *style = parent->style();
         for (QWidget *child : result->findChildren<QWidget *>())
-            child->setStyle(style);
-        result->setStyle(style);
+            if (child->style() != style)
+                child->setStyle(style);
+        if (result->style() != style)
+            result->setStyle(style);
     }
     Device::scale(result);
     return result;
@@ -996,8 +1006,12 @@ void PropertyEditorFactory::applyPropertyValues(
     EditorMap &editors = mEditors[ownerIdentifier];
     Property::Ptr old;
     QList<QWidget *> widgets;
-    for (auto it = editors.begin(); it != editors.end(); ++it) {
-        if (!it.value() || it.value()->uniqueName() != property->uniqueName())
+    // The candidates in widget order, as the owner's map holds them.
+    QList<QWidget *> candidates = mByName.value(property->uniqueName());
+    std::sort(candidates.begin(), candidates.end());
+    for (QWidget *candidate : qAsConst(candidates)) {
+        auto it = editors.find(candidate);
+        if (it == editors.end() || !it.value() || it.value()->uniqueName() != property->uniqueName())
             continue;
         old = it.value();
         it.value() = property;
@@ -2063,6 +2077,11 @@ void PropertyEditorFactory::editorDestroyed(QObject *obj)
     for (auto &owner : mEditors) {
         auto found = owner.second.find(widget);
         if (found != owner.second.end()) {
+            if (found.value()) {
+                auto named = mByName.find(found.value()->uniqueName());
+                if (named != mByName.end() && named->removeAll(widget) > 0 && named->isEmpty())
+                    mByName.erase(named);
+            }
             owner.second.erase(found);
             return;
         }

@@ -16,6 +16,7 @@
 #include "core/units/UnitValue.h"
 #include "style/TavoLibGuiExport.h"
 
+#include <QHash>
 #include <QMap>
 #include <QObject>
 #include <QPointer>
@@ -166,6 +167,9 @@ private:
     std::map<Property::Ptr, QPointer<QWidget>> mLineHeadStyleEditors;
     std::map<Property::Ptr, QPointer<QWidget>> mReferenceSizeEditors;
     std::map<QComboBox *, Ta_UnitEdit *> mPresetCombos;
+    // The widgets registered under each uniqueName, over all owners: applying values looks
+    // here instead of walking every editor.
+    QHash<QString, QList<QWidget *>> mByName;
     TAutoPtr<BrushProviderQt const> mBrushProvider;
     TAutoPtr<PenStyleProviderQt const> mPenStyleProvider;
     TAutoPtr<LineHeadStyleProviderQt const> mLineHeadStyleProvider;

@@ -114,6 +114,11 @@ private slots:
         s.setValue("Dialogs/SplitDialog/Geometry", QRect(0, 0, 1 << 30, 5));
         QVERIFY(DialogUtilities::restoreGeometry(dialog, QString()));
         QCOMPARE(dialog.splitter->sizes(), sizes);
+        // Edges whose distance does not fit an int (found by fuzzing): no overflow, a valid window.
+        s.setValue("Dialogs/SplitDialog/Geometry",
+            QRect(QPoint(-2147483639, 10), QPoint(2147483000, 20)));
+        QVERIFY(DialogUtilities::restoreGeometry(dialog, QString()));
+        QVERIFY(dialog.geometry().isValid());
     }
 
     void codecs()
