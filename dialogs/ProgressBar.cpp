@@ -15,8 +15,16 @@ QString ProgressBar::text() const
 
 void ProgressBar::moveTo(int target)
 {
-    if (target != QProgressBar::value() && target >= minimum() && target <= maximum())
-        QProgressBar::setValue(target);
+    if (target != mPosition && target >= minimum() && target <= maximum()) {
+        mPosition = target;
+        // QProgressBar::setValue measures the bar through the style on every call. A move
+        // within one two-thousandth of the range shows no other fill, so the bar catches up
+        // at the next larger move, and at either end at once.
+        const qint64 step = (qint64(maximum()) - minimum()) / 2000;
+        if (step <= 1 || target == minimum() || target == maximum()
+            || qAbs(qint64(target) - QProgressBar::value()) >= step)
+            QProgressBar::setValue(target);
+    }
     mBusy = false;
 }
 
@@ -24,6 +32,7 @@ void ProgressBar::setProgressRange(int first, int last)
 {
     if (first <= last) {
         QProgressBar::setRange(first, last);
+        mPosition = QProgressBar::value();
         moveTo(first);
     }
     if (last <= first)
@@ -32,11 +41,12 @@ void ProgressBar::setProgressRange(int first, int last)
 
 void ProgressBar::setProgressValue(int value)
 {
-    moveTo(value == -1 ? QProgressBar::value() + 1 : value);
+    moveTo(value == -1 ? mPosition + 1 : value);
 }
 
 void ProgressBar::finish()
 {
-    moveTo(maximum() == -1 ? QProgressBar::value() + 1 : maximum());
+    moveTo(maximum() == -1 ? mPosition + 1 : maximum());
     reset();
+    mPosition = QProgressBar::value();
 }

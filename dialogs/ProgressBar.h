@@ -20,6 +20,9 @@ public:
     void finish();
     void tick() { mBusy = true; }
 
+    // The position last set; the painted bar may trail it by less than a two-thousandth
+    // of the range.
+    int position() const { return mPosition; }
     bool isBusy() const { return mBusy; }
     bool isStoppable() const { return mStoppable; }
     void setStoppable(bool stoppable) { mStoppable = stoppable; }
@@ -27,6 +30,7 @@ public:
 private:
     void moveTo(int value);
 
+    int mPosition = 0;
     bool mBusy = true;
     bool mStoppable = true;
 };

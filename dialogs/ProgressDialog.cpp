@@ -305,5 +305,5 @@ int ProgressSection::range() const
 
 int ProgressSection::value() const
 {
-    return mBar ? mBar->value() : 0;
+    return mBar ? mBar->position() : 0;
 }
