@@ -28,7 +28,9 @@ short brushFromVariant(const QVariant &value)
 
 } // namespace
 
-BrushControllerQt::BrushControllerQt(TAutoPtr<const BrushProviderQt> provider) : mProvider(provider)
+BrushControllerQt::BrushControllerQt(TAutoPtr<const BrushProviderQt> provider, int frameWidth)
+    : mProvider(provider)
+    , mFrameWidth(qBound(0, frameWidth, 8))
 {
 }
 
@@ -173,17 +175,23 @@ QPixmap BrushControllerQt::brushPreview(short brush, const QSize &size)
     QPixmap result(s);
     result.fill(Qt::transparent);
     QPainter painter(&result);
-    if (mProvider && s.width() > 2 && s.height() > 2) {
-        QPixmap preview = mProvider->preview(brush, QSize(s.width() - 2, s.height() - 2));
+    const int f = mFrameWidth;
+    if (mProvider && s.width() > 2 * f && s.height() > 2 * f) {
+        QPixmap preview = mProvider->preview(brush, QSize(s.width() - 2 * f, s.height() - 2 * f));
         if (!preview.isNull()) {
             // The provider works in device pixels; place it pixel for pixel.
             preview.setDevicePixelRatio(1.0);
-            painter.drawPixmap(1, 1, preview);
+            painter.drawPixmap(f, f, preview);
         }
     }
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::black, 0));
-    painter.drawRect(QRect(QPoint(0, 0), s).adjusted(0, 0, -1, -1));
+    if (f > 0) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Qt::black);
+        painter.drawRect(QRect(0, 0, s.width(), f));
+        painter.drawRect(QRect(0, s.height() - f, s.width(), f));
+        painter.drawRect(QRect(0, f, f, s.height() - 2 * f));
+        painter.drawRect(QRect(s.width() - f, f, f, s.height() - 2 * f));
+    }
     painter.end();
     result.setDevicePixelRatio(ratio);
     return result;

@@ -20,7 +20,9 @@ class TAVOLIBGUI_EXPORT BrushControllerQt : public virtual MAutoObj
 public:
     using Ptr = TAutoPtr<BrushControllerQt>;
 
-    explicit BrushControllerQt(TAutoPtr<const BrushProviderQt> provider);
+    // frameWidth: the width in device pixels of the black frame around each preview; 0
+    // draws the brush alone.
+    explicit BrushControllerQt(TAutoPtr<const BrushProviderQt> provider, int frameWidth = 1);
     BrushControllerQt(const BrushControllerQt &other);
     BrushControllerQt &operator=(const BrushControllerQt &other);
     ~BrushControllerQt() override;
@@ -39,8 +41,8 @@ public:
     virtual void populateGradients(QMenu *menu, short current) const;
     // The brush of the menu's first action; -100 when there is none.
     virtual short firstBrush(QMenu *menu) const;
-    // The brush filling size (logical pixels) inside a one-device-pixel black frame, at the
-    // screen's pixel ratio. Null for an empty size.
+    // The brush filling size (logical pixels) inside the black frame, at the screen's pixel
+    // ratio. Null for an empty size.
     virtual QPixmap brushPreview(short brush, const QSize &size);
 
     // The shape of every preview: 1.6 times as wide as high.
@@ -50,6 +52,7 @@ private:
     short canonical(short brush) const;
 
     TAutoPtr<const BrushProviderQt> mProvider;
+    int mFrameWidth = 1;
 };
 
 } // namespace TavoLib

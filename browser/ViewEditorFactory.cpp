@@ -1,0 +1,164 @@
+#include "browser/ViewEditorFactory.h"
+
+#include <QStyle>
+
+#include <algorithm>
+
+template class QtAbstractEditorFactory<TavoLib::ViewPropertyManager>;
+
+namespace TavoLib {
+
+ViewEditorFactory::ViewEditorFactory(QObject *parent, bool liveStringUpdates)
+    : QtAbstractEditorFactory<ViewPropertyManager>(parent)
+    // The parent belongs to this factory: a member held by value must have none, or the
+    // parent would delete it a second time.
+    , mFactory(nullptr, liveStringUpdates)
+{
+    connect(&mFactory, &PropertyEditorFactory::propertyChanged, this,
+        &ViewEditorFactory::propertyChanged);
+}
+
+ViewEditorFactory::~ViewEditorFactory()
+{
+    // The inner factory goes first (it is declared last); its signal must not reach the
+    // maps on the way.
+    mFactory.disconnect(this);
+}
+
+QString ViewEditorFactory::translate(const QString &text) const
+{
+    return mTranslator ? mTranslator->translate(text) : text;
+}
+
+void ViewEditorFactory::setBrushProvider(TAutoPtr<BrushProviderQt const> provider)
+{
+    mFactory.setBrushProvider(provider);
+}
+
+void ViewEditorFactory::setFontProvider(TAutoPtr<FontProviderQt const> provider)
+{
+    mFactory.setFontProvider(provider);
+}
+
+void ViewEditorFactory::setLineHeadStyleProvider(TAutoPtr<LineHeadStyleProviderQt const> provider)
+{
+    mFactory.setLineHeadStyleProvider(provider);
+}
+
+void ViewEditorFactory::setPenStyleProvider(TAutoPtr<PenStyleProviderQt const> provider)
+{
+    mFactory.setPenStyleProvider(provider);
+}
+
+void ViewEditorFactory::setStylesheetManager(TAutoPtr<StylesheetManager const> manager)
+{
+    mFactory.setStylesheetManager(manager);
+}
+
+void ViewEditorFactory::setTranslator(TAutoPtr<Translator const> translator)
+{
+    mTranslator = translator;
+    mFactory.setTranslator(translator);
+}
+
+void ViewEditorFactory::setWidgetsTheme(PropertyEditorFactory::WidgetsTheme theme)
+{
+    mFactory.setWidgetsTheme(theme);
+}
+
+void ViewEditorFactory::setWithEditorFrame(bool withFrame)
+{
+    mFactory.setWithEditorFrame(withFrame);
+}
+
+QWidget *ViewEditorFactory::createEditor(
+    ViewPropertyManager *manager, QtProperty *property, QWidget *parent)
+{
+    ViewProperty *view = manager ? manager->toViewProperty(property) : nullptr;
+    mCurrentProperty = view;
+    const TAutoPtr<Property> data = view ? view->data() : TAutoPtr<Property>();
+    if (!data) {
+        mCurrentEditor = nullptr;
+        return nullptr;
+    }
+    if (view->isUndefined()) {
+        // The editor opens in the undefined look, with its way out of it, also for a
+        // property its owner did not make undefinable.
+        data->setUndefinable(true);
+        data->setUndefined(true);
+    }
+    QWidget *editor = mFactory.createEditor(data, parent, QString());
+    if (editor) {
+        mEditorToProperty.erase(std::remove_if(mEditorToProperty.begin(), mEditorToProperty.end(),
+                                    [](const auto &entry) { return entry.first.isNull(); }),
+            mEditorToProperty.end());
+        mEditorToProperty.emplace_back(editor, view);
+        mPropertyToView[data] = view;
+    }
+    mCurrentEditor = editor;
+    if (editor && parent && parent->style()) {
+        QStyle *style = parent->style();
+        for (QWidget *child : editor->findChildren<QWidget *>())
+            if (child->style() != style)
+                child->setStyle(style);
+        if (editor->style() != style)
+            editor->setStyle(style);
+    }
+    return editor;
+}
+
+void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *)
+{
+}
+
+void ViewEditorFactory::disconnectPropertyManager(ViewPropertyManager *manager)
+{
+    QObject::disconnect(manager, nullptr, this, nullptr);
+}
+
+void ViewEditorFactory::propertyChanged(TavoLib::Property::Ptr data)
+{
+    ViewProperty *view = toProperty(data);
+    if (!view)
+        return;
+    if (auto *manager = qobject_cast<ViewPropertyManager *>(view->propertyManager()))
+        manager->propertyValueChanged(view);
+}
+
+void ViewEditorFactory::applyPropertyValues(
+    TAutoPtr<Property> property, const QString &ownerIdentifier)
+{
+    const bool blocked = mFactory.blockSignals(true);
+    mFactory.applyPropertyValues(property, ownerIdentifier);
+    mFactory.blockSignals(blocked);
+}
+
+void ViewEditorFactory::enablePropertyEditors(ViewProperty *view)
+{
+    for (const auto &entry : mEditorToProperty)
+        if (entry.second == view && entry.first)
+            entry.first->setEnabled(view->isEnabled());
+}
+
+ViewProperty *ViewEditorFactory::toProperty(QWidget *editor)
+{
+    // A dead editor's entry has a null key, so a new widget at its address is not taken
+    // for it.
+    for (const auto &entry : mEditorToProperty)
+        if (entry.first && entry.first.data() == editor)
+            return entry.second;
+    return nullptr;
+}
+
+ViewProperty *ViewEditorFactory::toProperty(TAutoPtr<Property> data)
+{
+    auto found = mPropertyToView.find(data);
+    return found == mPropertyToView.end() ? nullptr : found->second;
+}
+
+void ViewEditorFactory::activateProperty()
+{
+    emit resolveUndefinedProperty(mCurrentProperty);
+}
+
+} // namespace TavoLib
