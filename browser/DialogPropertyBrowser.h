@@ -1,0 +1,62 @@
+#pragma once
+
+// A property browser that lays its rows out as a form: each row a label and a live editor,
+// made when the row is inserted and kept until it is removed, as a dialog's user expects to
+// see every control at once. A property with children becomes a framed group (a heading
+// without an editor) or an indented block under its own row. All labels, at any depth,
+// end at one right edge; maxLabelWidth and setMaxLabelWidth align several browsers.
+#include "core/MAutoObj.h"
+#include "core/TAutoPtr.h"
+#include "propertybrowser/QtAbstractPropertyBrowser.h"
+#include "style/TavoLibGuiExport.h"
+
+#include <map>
+
+class QFrame;
+class QGridLayout;
+class QLabel;
+
+namespace TavoLib {
+
+class TAVOLIBGUI_EXPORT DialogPropertyBrowser : public QtAbstractPropertyBrowser
+{
+    Q_OBJECT
+public:
+    // The widgets of one row; they are deleted by the browser, not by this record.
+    struct WidgetInfo : public MAutoObj
+    {
+        QWidget *mEditor = nullptr;
+        QWidget *mContainer = nullptr;
+        QFrame *mSeparator = nullptr;
+        QLabel *mLabel = nullptr;
+        QWidget *mChildArea = nullptr;
+    };
+
+    explicit DialogPropertyBrowser(QWidget *parent = nullptr);
+    ~DialogPropertyBrowser() override;
+
+    // The width that lets every label end at one edge (label text plus the margins of the
+    // groups around it); 0 for an empty browser.
+    int maxLabelWidth() const;
+    // Gives every label the fixed width that ends it at `width`.
+    void setMaxLabelWidth(int width);
+    void updateSizes();
+
+protected:
+    void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
+    void itemRemoved(QtBrowserItem *item) override;
+    void itemChanged(QtBrowserItem *item) override;
+
+private:
+    void promote(WidgetInfo &parent);
+    void demote(WidgetInfo &parent);
+    static int labelOffset(const QLabel *label);
+    static int labelWidth(const QLabel *label);
+    void fitLabel(QLabel *label);
+
+    std::map<QtBrowserItem *, TAutoPtr<WidgetInfo>> mWidgetInfos;
+    // The width all labels are fitted to now; -1 before the first row.
+    int mLabelWidth = -1;
+};
+
+} // namespace TavoLib

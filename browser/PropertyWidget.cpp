@@ -1,0 +1,235 @@
+#include "browser/PropertyWidget.h"
+
+#include "core/BoolProperty.h"
+#include "core/IntegerProperty.h"
+#include "core/SelectorProperty.h"
+#include "core/StringProperty.h"
+#include "core/UnitValueProperty.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace TavoLib {
+
+void setMaxWidths(QList<QObject *> &objects, int minimum, int extra)
+{
+    int largest = minimum;
+    for (QObject *object : objects)
+        if (auto *widget = qobject_cast<QWidget *>(object))
+            largest = qMax(largest, widget->sizeHint().width());
+    for (QObject *object : objects)
+        if (auto *widget = qobject_cast<QWidget *>(object))
+            widget->setMinimumWidth(largest + extra);
+}
+
+PropertyWidget::PropertyWidget(QWidget *parent, const QString &title, bool liveStringUpdates)
+    : QWidget(parent)
+    , mFactory(nullptr, liveStringUpdates)
+{
+    auto *layout = new QVBoxLayout(this);
+    setWindowTitle(title);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    mBrowser = new DialogPropertyBrowser(this);
+    mBrowser->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    layout->addWidget(mBrowser);
+    layout->setContentsMargins(0, 0, 0, 0);
+    // The manager has no parent object: it goes in the destructor, after the browser's rows.
+    mManager = new ViewPropertyManager(mBrowser);
+    if (mBrowser->addFactory(mManager, &mFactory))
+        mFactory.addPropertyManager(mManager);
+    connect(mManager, &QtAbstractPropertyManager::propertyChanged, this,
+        &PropertyWidget::slotPropertyChanged);
+}
+
+PropertyWidget::~PropertyWidget()
+{
+    // The rows and their editors go first, then the manager that owns the row items.
+    delete mBrowser;
+    mBrowser = nullptr;
+    delete mManager;
+}
+
+void PropertyWidget::setWithGroupBox(bool withGroupBox)
+{
+    if (withGroupBox == mWithGroupBox)
+        return;
+    mWithGroupBox = withGroupBox;
+    if (!withGroupBox)
+        return; // kept on purpose: the group box stays once made
+    layout()->removeWidget(mBrowser);
+    auto *box = new QGroupBox(windowTitle(), this);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    layout()->addWidget(box);
+    auto *inner = new QVBoxLayout(box);
+    mBrowser->setParent(box);
+    inner->addWidget(mBrowser);
+    mBrowser->show();
+}
+
+int PropertyWidget::maxLabelWidth() const
+{
+    return mBrowser->maxLabelWidth();
+}
+
+void PropertyWidget::setMaxLabelWidth(int width)
+{
+    mBrowser->setMaxLabelWidth(width);
+}
+
+void PropertyWidget::setFontProvider(TAutoPtr<const FontProviderQt> provider)
+{
+    mFactory.setFontProvider(provider);
+    mManager->setFontProvider(provider);
+}
+
+void PropertyWidget::setBrushProvider(TAutoPtr<const BrushProviderQt> provider)
+{
+    mFactory.setBrushProvider(provider);
+    mManager->setBrushProvider(provider);
+}
+
+void PropertyWidget::setPenStyleProvider(TAutoPtr<const PenStyleProviderQt> provider)
+{
+    mFactory.setPenStyleProvider(provider);
+    mManager->setPenStyleProvider(provider);
+}
+
+void PropertyWidget::setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt> provider)
+{
+    mFactory.setLineHeadStyleProvider(provider);
+    mManager->setLineHeadStyleProvider(provider);
+}
+
+void PropertyWidget::setStylesheetManager(TAutoPtr<const StylesheetManager> manager)
+{
+    mFactory.setStylesheetManager(manager);
+    mManager->setStylesheetManager(manager);
+}
+
+void PropertyWidget::setTranslator(TAutoPtr<const Translator> translator)
+{
+    mFactory.setTranslator(translator);
+    mManager->setTranslator(translator);
+}
+
+void PropertyWidget::clearProperties()
+{
+    mManager->clear();
+    mInitialProperties.clear();
+    mEditedProperties.clear();
+}
+
+void PropertyWidget::setProperties(const std::list<TAutoPtr<const PropertyableObject>> &objects)
+{
+    clearProperties();
+    for (const auto &object : objects)
+        insertPropertyableObject(object, nullptr);
+}
+
+void PropertyWidget::setItems(const std::list<TAutoPtr<const PropertyWidgetItem>> &items)
+{
+    clearProperties();
+    for (const auto &item : items)
+        if (item && item->properties())
+            insertPropertyableObjectWithProperties(item->propertiesOwner(), *item->properties(), nullptr);
+}
+
+void PropertyWidget::insertPropertyableObject(TAutoPtr<const PropertyableObject> object, QtProperty *)
+{
+    PropertyDictionary values;
+    if (object)
+        object->fillProperties(values);
+    insertPropertyableObjectWithProperties(object, values, nullptr);
+}
+
+void PropertyWidget::insertPropertyableObjectWithProperties(TAutoPtr<const PropertyableObject> owner,
+    const PropertyDictionary &dictionary, QtProperty *after)
+{
+    TAutoPtr<GroupProperty> initial(
+        new GroupProperty(QStringLiteral("temporary property"), QString(), dictionary));
+    mInitialProperties[owner] = initial;
+    TAutoPtr<GroupProperty> edited(initial->clone());
+    mEditedProperties[owner] = edited;
+    if (!edited)
+        return;
+    for (const auto &child : *edited) {
+        ViewProperty *view = mManager->addProperty(child, owner);
+        if (!view)
+            continue;
+        view->setUndefined(false);
+        if (after)
+            mBrowser->insertProperty(view, after);
+        else
+            mBrowser->addProperty(view);
+    }
+    for (QtProperty *property : mManager->properties())
+        if (ViewProperty *view = mManager->toViewProperty(property))
+            mFactory.enablePropertyEditors(view);
+}
+
+std::list<TAutoPtr<const PropertyWidgetItem>> PropertyWidget::getItems(bool onlyChanged)
+{
+    std::list<TAutoPtr<const PropertyWidgetItem>> result;
+    for (const auto &entry : mInitialProperties) {
+        auto edited = mEditedProperties.find(entry.first);
+        if (edited == mEditedProperties.end() || !edited->second)
+            continue;
+        // The text is the whole test: a change toString() does not show is no change.
+        if (onlyChanged && entry.second && entry.second->toString() == edited->second->toString())
+            continue;
+        const PropertyDictionary &values = *edited->second;
+        result.push_back(new PropertyWidgetItem(entry.first, new PropertyDictionary(values)));
+    }
+    return result;
+}
+
+std::list<TAutoPtr<const PropertyWidgetItem>> PropertyWidget::items()
+{
+    return getItems(false);
+}
+
+std::list<TAutoPtr<const PropertyWidgetItem>> PropertyWidget::changedItems()
+{
+    return getItems(true);
+}
+
+void PropertyWidget::changeItems(const std::list<TAutoPtr<const PropertyWidgetItem>> &items)
+{
+    for (const auto &item : items) {
+        if (!item || !item->properties())
+            continue;
+        auto edited = mEditedProperties.find(item->propertiesOwner());
+        if (edited != mEditedProperties.end() && edited->second)
+            changePropertyValues(edited->second, *item->properties());
+    }
+}
+
+void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const PropertyDictionary &values)
+{
+    if (TAutoPtr<GroupProperty> group{ property }) {
+        for (const auto &child : *group)
+            changePropertyValues(child, values);
+        return;
+    }
+    // kept on purpose: only these kinds take new values here; the others keep theirs.
+    if (!TAutoPtr<StringProperty>{ property } && !TAutoPtr<UnitValueProperty>{ property }
+        && !TAutoPtr<SelectorProperty>{ property } && !TAutoPtr<BoolProperty>{ property }
+        && !TAutoPtr<IntegerProperty>{ property })
+        return;
+    const Property::Ptr found = values.property(property->uniqueName());
+    if (!found || found->toString() == property->toString())
+        return;
+    property->copyValueFrom(*found);
+    mFactory.applyPropertyValues(property, QString());
+}
+
+void PropertyWidget::slotPropertyChanged(QtProperty *property)
+{
+    if (ViewProperty *view = property ? mManager->toViewProperty(property) : nullptr) {
+        mFactory.enablePropertyEditors(view);
+        emit signalPropertyChanged(view->data());
+    }
+    emit signalPropertyChanged();
+}
+
+} // namespace TavoLib

@@ -1,0 +1,115 @@
+// The road of one edit: load objects into a panel, edit with real events, store back; only
+// changed, loaded objects are written; values from outside arrive without an echo; the form
+// groups and aligns its rows.
+#include "TestEnvironment.h"
+#include "TestRegistry.h"
+#include "browser/PropertyEditorWidget.h"
+#include "core/IntegerProperty.h"
+#include "sample/SampleObject.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+
+using namespace TavoLib;
+using Sample::SampleObject;
+
+namespace {
+
+// The spin box that edits the integer property of that uniqueName in the panel.
+QSpinBox *spinFor(PropertyEditorWidget &panel, int value)
+{
+    for (QSpinBox *spin : panel.findChildren<QSpinBox *>())
+        if (spin->value() == value && spin->isVisible())
+            return spin;
+    return nullptr;
+}
+
+void typeInto(QSpinBox *spin, const QString &text)
+{
+    spin->setFocus();
+    spin->selectAll();
+    QTest::keyClicks(spin, text);
+    QTest::keyClick(spin, Qt::Key_Return);
+}
+
+} // namespace
+
+class PropertyEditorWidgetTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void editStoreAndOnlyChangedObjects()
+    {
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        SampleObject::Ptr first = SampleObject::create("TextFrame", "first");
+        SampleObject::Ptr second = SampleObject::create("TextFrame", "second");
+        TAutoPtr<IntegerProperty>(second->value("columns"))->setValue(4);
+        PropertyEditorWidget panel(true, true, false);
+        panel.loadValues({ first, second }, env);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        QSignalSpy changed(&panel, QOverload<>::of(&PropertyEditorWidget::propertyChanged));
+
+        // Typed back to the old value: nothing to store.
+        QSpinBox *columns = spinFor(panel, 4);
+        QVERIFY(columns);
+        typeInto(columns, "7");
+        typeInto(columns, "4");
+        QVERIFY(panel.propertyWidget()->changedItems().empty());
+
+        typeInto(columns, "6");
+        QVERIFY(changed.count() >= 1);
+        const QString firstBefore = TAutoPtr<const Property>(first->value("columns"))->toString();
+        panel.storeValues({ first, second });
+        QCOMPARE(TAutoPtr<IntegerProperty>(second->value("columns"))->value(), 6);
+        QCOMPARE(TAutoPtr<const Property>(first->value("columns"))->toString(), firstBefore);
+
+        // A copy of a loaded object is not the loaded object: nothing is written to it.
+        TAutoPtr<SampleObject> copy(second->clone());
+        TAutoPtr<IntegerProperty>(copy->value("columns"))->setValue(1);
+        panel.storeValues(TAutoPtr<PropertyableObject>(copy));
+        QCOMPARE(TAutoPtr<IntegerProperty>(copy->value("columns"))->value(), 1);
+
+        // A value changed outside reaches the rows without an echo.
+        changed.clear();
+        TAutoPtr<IntegerProperty>(second->value("columns"))->setValue(9);
+        panel.changeValues(TAutoPtr<PropertyableObject>(second));
+        QCOMPARE(columns->value(), 9);
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void formGroupsAndAlignsLabels()
+    {
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        SampleObject::Ptr frame = SampleObject::create("TextFrame", "frame");
+        PropertyEditorWidget panel;
+        panel.loadValues(TAutoPtr<const PropertyableObject>(frame), env);
+        panel.show();
+        // The geometry group is a framed group titled without the colon.
+        QGroupBox *geometry = nullptr;
+        for (QGroupBox *box : panel.findChildren<QGroupBox *>())
+            if (box->title() == QLatin1String("Geometry"))
+                geometry = box;
+        QVERIFY(geometry);
+        // Every visible label ends at one right edge.
+        int edge = -1;
+        for (QLabel *label : panel.findChildren<QLabel *>()) {
+            if (!label->isVisible() || !label->text().endsWith(QLatin1Char(':')))
+                continue;
+            const int right = label->mapTo(&panel, QPoint(label->width(), 0)).x();
+            if (edge < 0)
+                edge = right;
+            QCOMPARE(right, edge);
+        }
+        QVERIFY(edge > 0);
+        QVERIFY(panel.maxLabelWidth() > 0);
+    }
+};
+
+TAVO_TEST(PropertyEditorWidgetTest)
+#include "PropertyEditorWidgetTest.moc"
