@@ -7,6 +7,7 @@
 #include "core/UnitValueProperty.h"
 
 #include <QGroupBox>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace TavoLib {
@@ -114,6 +115,7 @@ void PropertyWidget::setTranslator(TAutoPtr<const Translator> translator)
 
 void PropertyWidget::clearProperties()
 {
+    const QScopedValueRollback<int> loading(mLoading, mLoading + 1);
     mManager->clear();
     mInitialProperties.clear();
     mEditedProperties.clear();
@@ -145,6 +147,7 @@ void PropertyWidget::insertPropertyableObject(TAutoPtr<const PropertyableObject>
 void PropertyWidget::insertPropertyableObjectWithProperties(TAutoPtr<const PropertyableObject> owner,
     const PropertyDictionary &dictionary, QtProperty *after)
 {
+    const QScopedValueRollback<int> loading(mLoading, mLoading + 1);
     TAutoPtr<GroupProperty> initial(
         new GroupProperty(QStringLiteral("temporary property"), QString(), dictionary));
     mInitialProperties[owner] = initial;
@@ -225,6 +228,8 @@ void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const Pro
 
 void PropertyWidget::slotPropertyChanged(QtProperty *property)
 {
+    if (mLoading > 0)
+        return;
     if (ViewProperty *view = property ? mManager->toViewProperty(property) : nullptr) {
         mFactory.enablePropertyEditors(view);
         emit signalPropertyChanged(view->data());

@@ -77,6 +77,9 @@ private:
     ViewPropertyManager *mManager = nullptr;
     DialogPropertyBrowser *mBrowser = nullptr;
     bool mWithGroupBox = false;
+    // Above 0 while rows are made or dropped: the framework reports rows that change their
+    // enabled state then, which is no edit.
+    int mLoading = 0;
 };
 
 } // namespace TavoLib

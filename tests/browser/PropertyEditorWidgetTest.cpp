@@ -88,8 +88,11 @@ private slots:
         TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
         SampleObject::Ptr frame = SampleObject::create("TextFrame", "frame");
         PropertyEditorWidget panel;
+        QSignalSpy changed(&panel, QOverload<>::of(&PropertyEditorWidget::propertyChanged));
         panel.loadValues(TAutoPtr<const PropertyableObject>(frame), env);
         panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        QCOMPARE(changed.count(), 0); // loading and showing is no edit
         // The geometry group is a framed group titled without the colon.
         QGroupBox *geometry = nullptr;
         for (QGroupBox *box : panel.findChildren<QGroupBox *>())
