@@ -239,7 +239,14 @@ void DialogPropertyBrowser::itemRemoved(QtBrowserItem *item)
         return;
     const TAutoPtr<WidgetInfo> info = found->second;
     const bool widest = info->mLabel && labelWidth(info->mLabel) >= mLabelWidth;
-    delete info->mEditor;
+    // The editor may be the very widget whose signal led here (a host reloading from a
+    // change handler, a focus-out being delivered): it leaves the form now and is deleted
+    // once control is back in the event loop.
+    if (info->mEditor) {
+        info->mEditor->hide();
+        info->mEditor->setParent(this);
+        info->mEditor->deleteLater();
+    }
     delete info->mLabel;
     delete info->mContainer;
     mWidgetInfos.erase(found);

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -81,6 +82,33 @@ private slots:
         panel.changeValues(TAutoPtr<PropertyableObject>(second));
         QCOMPARE(columns->value(), 9);
         QCOMPARE(changed.count(), 0);
+    }
+
+    // A host that reloads from its change handler deletes the rows under the editor that is
+    // still signalling; the editor must outlive its signal.
+    void reloadFromTheChangeHandler()
+    {
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        SampleObject::Ptr frame = SampleObject::create("TextFrame", "frame");
+        auto *panel = new PropertyEditorWidget;
+        panel->loadValues(TAutoPtr<const PropertyableObject>(frame), env);
+        panel->show();
+        int reloads = 0;
+        connect(panel, QOverload<>::of(&PropertyEditorWidget::propertyChanged), this, [&] {
+            panel->storeValues(TAutoPtr<PropertyableObject>(frame));
+            panel->loadValues(TAutoPtr<const PropertyableObject>(frame), env);
+            ++reloads;
+        });
+        QPointer<QSpinBox> columns = spinFor(*panel, 2);
+        QVERIFY(columns);
+        typeInto(columns, "3");
+        QVERIFY(reloads >= 1);
+        QCOMPARE(TAutoPtr<IntegerProperty>(frame->value("columns"))->value(), 3);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!columns);
+        QCoreApplication::processEvents();
+        QVERIFY(spinFor(*panel, 3));
+        delete panel;
     }
 
     void formGroupsAndAlignsLabels()
