@@ -107,8 +107,19 @@ QWidget *ViewEditorFactory::createEditor(
     return editor;
 }
 
-void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *)
+void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *manager)
 {
+    // A row the manager deletes (a reload clears it) must not be found again: an editor
+    // that outlives its row may still report a change.
+    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this, [this](QtProperty *row) {
+        for (auto it = mPropertyToView.begin(); it != mPropertyToView.end();)
+            it = it->second == row ? mPropertyToView.erase(it) : std::next(it);
+        for (auto &entry : mEditorToProperty)
+            if (entry.second == row)
+                entry.second = nullptr;
+        if (mCurrentProperty == row)
+            mCurrentProperty = nullptr;
+    });
 }
 
 void ViewEditorFactory::disconnectPropertyManager(ViewPropertyManager *manager)
@@ -135,6 +146,8 @@ void ViewEditorFactory::applyPropertyValues(
 
 void ViewEditorFactory::enablePropertyEditors(ViewProperty *view)
 {
+    if (!view)
+        return;
     for (const auto &entry : mEditorToProperty)
         if (entry.second == view && entry.first)
             entry.first->setEnabled(view->isEnabled());
@@ -145,7 +158,7 @@ ViewProperty *ViewEditorFactory::toProperty(QWidget *editor)
     // A dead editor's entry has a null key, so a new widget at its address is not taken
     // for it.
     for (const auto &entry : mEditorToProperty)
-        if (entry.first && entry.first.data() == editor)
+        if (entry.first && entry.first.data() == editor && entry.second)
             return entry.second;
     return nullptr;
 }
