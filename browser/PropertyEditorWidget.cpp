@@ -19,7 +19,12 @@ PropertyEditorWidget::PropertyEditorWidget(
     init(withScrollArea, withGroupBox, liveStringUpdates);
 }
 
-PropertyEditorWidget::~PropertyEditorWidget() = default;
+PropertyEditorWidget::~PropertyEditorWidget()
+{
+    // The inner panel goes after this object's own part: its last signals must not be
+    // forwarded from here.
+    mPropertyWidget->disconnect(this);
+}
 
 void PropertyEditorWidget::init(bool withScrollArea, bool withGroupBox, bool liveStringUpdates)
 {

@@ -44,6 +44,11 @@ PropertyWidget::PropertyWidget(QWidget *parent, const QString &title, bool liveS
 
 PropertyWidget::~PropertyWidget()
 {
+    // An editor that loses focus while the rows go still commits: nothing of that may
+    // reach the host from a panel that is being destroyed.
+    blockSignals(true);
+    disconnect(mManager, nullptr, this, nullptr);
+    mFactory.blockSignals(true);
     // The rows and their editors go first, then the manager that owns the row items.
     delete mBrowser;
     mBrowser = nullptr;
