@@ -3,6 +3,7 @@
 //   to 64 times, into an image the size of the ruler (the tick loops walk only what is drawn);
 // - one repaint of a 300-pixel colour strip after its colour changed (the strip is drawn anew);
 // - Progress::setValue between two pumps, the cost a job pays for reporting often.
+#include "WidgetBenchMain.h"
 #include "controls/RulerBase.h"
 #include "controls/Ta_ColorComponentSelector.h"
 #include "core/units/CUnit.h"
@@ -78,12 +79,4 @@ BENCHMARK(BM_ColorStripRepaint300)->Arg(0)->Arg(3)->Arg(10)->Unit(benchmark::kMi
 BENCHMARK(BM_ProgressSetValueWithoutPump)->Unit(benchmark::kNanosecond);
 BENCHMARK(BM_RulerPaint2000)->Arg(25)->Arg(100)->Arg(400)->Arg(1600)->Arg(6400)->Unit(benchmark::kMicrosecond);
 
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

@@ -3,6 +3,7 @@
 // floor, the same plain Qt widgets built directly (a QSpinBox for an integer, a QComboBox
 // with the same items for a selector, ...). Also applyPropertyValues over 100 shown editors.
 // Counters: "props" is the number of properties.
+#include "WidgetBenchMain.h"
 #include "core/ActivatableGroupProperty.h"
 #include "core/BoolProperty.h"
 #include "core/BrushProperty.h"
@@ -272,12 +273,4 @@ BENCHMARK(BM_FactoryEditors)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMil
 BENCHMARK(BM_PlainQtWidgets)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ApplyPropertyValues100)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

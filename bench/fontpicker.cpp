@@ -2,6 +2,7 @@
 // families. Filling the combo box, with and without a sample column, and the first showing
 // of its pop-up list. The list measures each row (separators are thinner than fonts); the
 // pop-up is also measured with uniform row heights, to show what that measuring costs.
+#include "WidgetBenchMain.h"
 #include "core/FontProviderQt.h"
 #include "pickers/FontControllerQt.h"
 
@@ -196,12 +197,4 @@ BENCHMARK(BM_ShowFamilyPopupUniformRows)->Arg(0)->Arg(1)->Unit(benchmark::kMilli
 
 } // namespace
 
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

@@ -2,6 +2,7 @@
 // and 1,000 rows. Every row is as wide as the widest text of the model; the delegate measures
 // those widths once per model, where measuring them for every row would cost n squared text
 // measurements. The last benchmark does that n squared measuring alone, for comparison.
+#include "WidgetBenchMain.h"
 #include "menus/IconMenu.h"
 #include "menus/IconMenuConfiguration.h"
 #include "menus/MyComboBox.h"
@@ -97,12 +98,4 @@ BENCHMARK(BM_MenuPopupFirstPaint)->Arg(30)->Arg(300)->Arg(1000)->Unit(benchmark:
 BENCHMARK(BM_ComboPopupFirstPaint)->Arg(30)->Arg(300)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RowByRowMeasuring)->Arg(30)->Arg(300)->Arg(1000)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

@@ -3,6 +3,7 @@
 // of them through changeValues, and destroy it; in the same run the floor, the same labels
 // with plain Qt editors in a QFormLayout. Teardown of 3,000 rows is timed on its own, and
 // the resident memory per row is printed ("kB/row", peak resident set over an empty panel).
+#include "WidgetBenchMain.h"
 #include "browser/PropertyEditorWidget.h"
 #include "core/GroupProperty.h"
 #include "core/IntegerProperty.h"
@@ -174,12 +175,4 @@ BENCHMARK(BM_Panel)->Args({ 10, 0 })->Args({ 100, 0 })->Args({ 1000, 0 })->Args(
 BENCHMARK(BM_PlainForm)->Arg(10)->Arg(100)->Arg(1000)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PanelTeardown3000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

@@ -1,6 +1,7 @@
 // Cost of keeping a browser's items in step with its property trees: a tree of n properties
 // added to a browser and removed again, and a flat group whose children come and go while it
 // is shown. Both should grow linearly with n.
+#include "WidgetBenchMain.h"
 #include "propertybrowser/QtAbstractPropertyBrowser.h"
 #include "propertybrowser/QtAbstractPropertyManager.h"
 #include "propertybrowser/QtBrowserItem.h"
@@ -106,13 +107,4 @@ BENCHMARK(BM_ChildrenOfShownGroup)
 
 } // namespace
 
-int main(int argc, char **argv)
-{
-    // The browser is a widget, so an application must exist; no window is ever shown.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+TAVO_WIDGET_BENCHMARK_MAIN()

@@ -56,11 +56,6 @@ constexpr unsigned int BlankUnit = 0x20202020;
 // The role that marks the family row "any" of an undefinable font.
 constexpr int FamilyMarkerRole = Qt::UserRole + 5;
 
-bool isBlankRow(const QComboBox *combo)
-{
-    return combo->count() > 0 && combo->itemData(0).isNull();
-}
-
 void showBlankRow(QComboBox *combo, const std::function<bool(QComboBox *)> &isBlank)
 {
     if (combo->count() == 0 || !isBlank(combo)) {
@@ -133,6 +128,45 @@ void configureEdit(Ta_UnitEdit *edit, const UnitValue &value, double minimum, do
     edit->setPrecision(precision);
     edit->setValue(value);
     edit->setAllowEmpty(false);
+}
+
+// The write of the brush, pen and line-head slots: the index -100 is the blank row.
+template<class Kind>
+void writeIndex(Kind &property, short index, short (Kind::*get)() const, void (Kind::*set)(short))
+{
+    property.setUndefined(index == NoIndex);
+    if (index != NoIndex && (property.*get)() != index)
+        (property.*set)(index);
+}
+
+// Rebuilds the list of every live combo box of one side map: cleared, the blank row again
+// for an undefinable property, then filled by `populate` with the current index.
+template<class Kind, class Populate>
+void repopulate(const std::map<Property::Ptr, QPointer<QWidget>> &editors, Populate populate)
+{
+    for (const auto &entry : editors) {
+        TAutoPtr<Kind> property(entry.first);
+        auto *combo = qobject_cast<QComboBox *>(entry.second.data());
+        if (!combo || !property)
+            continue;
+        combo->clear();
+        if (property->isUndefinable())
+            addBlankRow(combo);
+        populate(combo, *property);
+    }
+}
+
+// Applies a short index to the combo box of a brush, pen or line head: the blank row
+// shown when undefined, hidden and the index made current when defined.
+template<class Blank, class SetCurrent>
+void applyIndex(QComboBox *combo, const Property &property, Blank isBlank, SetCurrent setCurrent)
+{
+    if (property.isDefined()) {
+        hideBlankRow(combo, isBlank);
+        setCurrent();
+    } else {
+        showBlankRow(combo, isBlank);
+    }
 }
 
 } // namespace
@@ -1291,6 +1325,7 @@ void PropertyEditorFactory::applyValues(TAutoPtr<Property> property, const QList
         const BrushControllerQt controller(mBrushProvider);
         const auto blank = [&](QComboBox *c) { return controller.brushAt(0, c) == NoIndex; };
         if (brush->isDefined()) {
+            // Only for brushes are the rows removed with the combo box's signals blocked.
             const bool blocked = combo->blockSignals(true);
             hideBlankRow(combo, blank);
             combo->blockSignals(blocked);
@@ -1306,13 +1341,9 @@ void PropertyEditorFactory::applyValues(TAutoPtr<Property> property, const QList
         if (!combo || !mPenStyleProvider)
             return;
         const PenStyleControllerQt controller(mPenStyleProvider);
-        const auto blank = [&](QComboBox *c) { return controller.penStyleAt(0, c) == NoIndex; };
-        if (pen->isDefined()) {
-            hideBlankRow(combo, blank);
-            controller.setCurrentPenStyle(combo, pen->penStyle());
-        } else {
-            showBlankRow(combo, blank);
-        }
+        applyIndex(
+            combo, *pen, [&](QComboBox *c) { return controller.penStyleAt(0, c) == NoIndex; },
+            [&] { controller.setCurrentPenStyle(combo, pen->penStyle()); });
         return;
     }
 
@@ -1321,13 +1352,9 @@ void PropertyEditorFactory::applyValues(TAutoPtr<Property> property, const QList
         if (!combo || !mLineHeadStyleProvider)
             return;
         const LineHeadStyleControllerQt controller(mLineHeadStyleProvider);
-        const auto blank = [&](QComboBox *c) { return controller.styleAt(0, c) == NoIndex; };
-        if (head->isDefined()) {
-            hideBlankRow(combo, blank);
-            controller.setCurrentStyle(combo, head->style());
-        } else {
-            showBlankRow(combo, blank);
-        }
+        applyIndex(
+            combo, *head, [&](QComboBox *c) { return controller.styleAt(0, c) == NoIndex; },
+            [&] { controller.setCurrentStyle(combo, head->style()); });
         return;
     }
 
@@ -1460,16 +1487,9 @@ void PropertyEditorFactory::updateBrushEditors(bool force)
         return;
     const BrushControllerQt controller(mBrushProvider);
     ++mApplying;
-    for (const auto &entry : mBrushEditors) {
-        TAutoPtr<BrushProperty> brush(entry.first);
-        auto *combo = qobject_cast<QComboBox *>(entry.second.data());
-        if (!combo || !brush)
-            continue;
-        combo->clear();
-        if (brush->isUndefinable())
-            addBlankRow(combo);
-        controller.populate(combo, brush->onlyColors(), brush->isUndefined() ? NoIndex : brush->brush());
-    }
+    repopulate<BrushProperty>(mBrushEditors, [&](QComboBox *combo, const BrushProperty &p) {
+        controller.populate(combo, p.onlyColors(), p.isUndefined() ? NoIndex : p.brush());
+    });
     --mApplying;
     mBrushProviderStamp = mBrushProvider->hash();
 }
@@ -1480,16 +1500,9 @@ void PropertyEditorFactory::updatePenStyleEditors(bool)
         return;
     const PenStyleControllerQt controller(mPenStyleProvider);
     ++mApplying;
-    for (const auto &entry : mPenStyleEditors) {
-        TAutoPtr<PenStyleProperty> pen(entry.first);
-        auto *combo = qobject_cast<QComboBox *>(entry.second.data());
-        if (!combo || !pen)
-            continue;
-        combo->clear();
-        if (pen->isUndefinable())
-            addBlankRow(combo);
-        controller.populate(combo, pen->isUndefined() ? NoIndex : pen->penStyle());
-    }
+    repopulate<PenStyleProperty>(mPenStyleEditors, [&](QComboBox *combo, const PenStyleProperty &p) {
+        controller.populate(combo, p.isUndefined() ? NoIndex : p.penStyle());
+    });
     --mApplying;
 }
 
@@ -1499,16 +1512,10 @@ void PropertyEditorFactory::updateLineHeadStyleEditors(bool)
         return;
     const LineHeadStyleControllerQt controller(mLineHeadStyleProvider);
     ++mApplying;
-    for (const auto &entry : mLineHeadStyleEditors) {
-        TAutoPtr<LineHeadStyleProperty> head(entry.first);
-        auto *combo = qobject_cast<QComboBox *>(entry.second.data());
-        if (!combo || !head)
-            continue;
-        combo->clear();
-        if (head->isUndefinable())
-            addBlankRow(combo);
-        controller.populate(head->isAtLineEnd(), combo, head->isUndefined() ? NoIndex : head->style());
-    }
+    repopulate<LineHeadStyleProperty>(
+        mLineHeadStyleEditors, [&](QComboBox *combo, const LineHeadStyleProperty &p) {
+            controller.populate(p.isAtLineEnd(), combo, p.isUndefined() ? NoIndex : p.style());
+        });
     --mApplying;
 }
 
@@ -1694,14 +1701,8 @@ void PropertyEditorFactory::brushPropertyChanged(int)
     TAutoPtr<BrushProperty> property(toProperty(sender()));
     if (!property || !combo || !mBrushProvider)
         return;
-    const short brush = BrushControllerQt(mBrushProvider).currentBrush(combo);
-    if (brush == NoIndex) {
-        property->setUndefined(true);
-    } else {
-        property->setUndefined(false);
-        if (property->brush() != brush)
-            property->setBrush(brush);
-    }
+    writeIndex(*property, BrushControllerQt(mBrushProvider).currentBrush(combo),
+        &BrushProperty::brush, &BrushProperty::setBrush);
     emit propertyChanged(property);
 }
 
@@ -1711,14 +1712,8 @@ void PropertyEditorFactory::penStylePropertyChanged(int)
     TAutoPtr<PenStyleProperty> property(toProperty(sender()));
     if (!property || !combo || !mPenStyleProvider)
         return;
-    const short style = PenStyleControllerQt(mPenStyleProvider).currentPenStyle(combo);
-    if (style == NoIndex) {
-        property->setUndefined(true);
-    } else {
-        property->setUndefined(false);
-        if (property->penStyle() != style)
-            property->setPenStyle(style);
-    }
+    writeIndex(*property, PenStyleControllerQt(mPenStyleProvider).currentPenStyle(combo),
+        &PenStyleProperty::penStyle, &PenStyleProperty::setPenStyle);
     emit propertyChanged(property);
 }
 
@@ -1728,14 +1723,8 @@ void PropertyEditorFactory::lineHeadStylePropertyChanged(int)
     TAutoPtr<LineHeadStyleProperty> property(toProperty(sender()));
     if (!property || !combo || !mLineHeadStyleProvider)
         return;
-    const short style = LineHeadStyleControllerQt(mLineHeadStyleProvider).currentStyle(combo);
-    if (style == NoIndex) {
-        property->setUndefined(true);
-    } else {
-        property->setUndefined(false);
-        if (property->style() != style)
-            property->setStyle(style);
-    }
+    writeIndex(*property, LineHeadStyleControllerQt(mLineHeadStyleProvider).currentStyle(combo),
+        &LineHeadStyleProperty::style, &LineHeadStyleProperty::setStyle);
     emit propertyChanged(property);
 }
 

@@ -30,6 +30,22 @@ QLineEdit *lineFor(QWidget &panel, const QString &text)
     return nullptr;
 }
 
+// A panel showing a new sample object of one type.
+struct LoadedPanel
+{
+    TAutoPtr<Environment> env { new TavoTest::TestEnvironment };
+    SampleObject::Ptr object;
+    PropertyEditorWidget panel;
+
+    explicit LoadedPanel(const QString &type) : object(SampleObject::create(type, "object"))
+    {
+        panel.loadValues(TAutoPtr<const PropertyableObject>(object), env);
+        panel.show();
+        QApplication::setActiveWindow(&panel);
+    }
+    TAutoPtr<StringProperty> file() const { return TAutoPtr<StringProperty>(object->value("file")); }
+};
+
 } // namespace
 
 class PanelCrashTest : public QObject
@@ -40,25 +56,18 @@ private slots:
     // The host reloads when a field is left: the field goes while its focus-out is delivered.
     void reloadDuringFocusOut()
     {
-        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
-        SampleObject::Ptr picture = SampleObject::create("PictureBox", "picture");
-        PropertyEditorWidget panel;
-        QLineEdit other;
-        panel.loadValues(TAutoPtr<const PropertyableObject>(picture), env);
-        panel.show();
-        other.show();
-        QApplication::setActiveWindow(&panel);
-        connect(&panel, QOverload<>::of(&PropertyEditorWidget::propertyChanged), this, [&] {
-            panel.storeValues(TAutoPtr<PropertyableObject>(picture));
-            panel.loadValues(TAutoPtr<const PropertyableObject>(picture), env);
+        LoadedPanel p("PictureBox");
+        connect(&p.panel, QOverload<>::of(&PropertyEditorWidget::propertyChanged), this, [&] {
+            p.panel.storeValues(TAutoPtr<PropertyableObject>(p.object));
+            p.panel.loadValues(TAutoPtr<const PropertyableObject>(p.object), p.env);
         });
-        QLineEdit *file = lineFor(panel, TAutoPtr<StringProperty>(picture->value("file"))->value());
+        QLineEdit *file = lineFor(p.panel, p.file()->value());
         QVERIFY(file);
         file->setFocus();
         QTest::keyClicks(file, "x");
         file->clearFocus(); // the focus-out commits and reloads
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(TAutoPtr<StringProperty>(picture->value("file"))->value().endsWith(QLatin1Char('x')));
+        QVERIFY(p.file()->value().endsWith(QLatin1Char('x')));
     }
 
     void panelDeletedWithAnOpenPopup()
@@ -104,23 +113,16 @@ private slots:
     // new value, and leaving it writes nothing else.
     void valueChangedWhileTyping()
     {
-        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
-        SampleObject::Ptr picture = SampleObject::create("PictureBox", "picture");
-        PropertyEditorWidget panel;
-        QLineEdit other;
-        panel.loadValues(TAutoPtr<const PropertyableObject>(picture), env);
-        panel.show();
-        other.show();
-        const QString before = TAutoPtr<StringProperty>(picture->value("file"))->value();
-        QLineEdit *file = lineFor(panel, before);
+        LoadedPanel p("PictureBox");
+        QLineEdit *file = lineFor(p.panel, p.file()->value());
         file->setFocus();
         QTest::keyClicks(file, "typed");
-        TAutoPtr<StringProperty>(picture->value("file"))->setValue("outside.tif");
-        panel.changeValues(TAutoPtr<PropertyableObject>(picture));
+        p.file()->setValue("outside.tif");
+        p.panel.changeValues(TAutoPtr<PropertyableObject>(p.object));
         QCOMPARE(file->text(), QStringLiteral("outside.tif"));
-        other.setFocus();
-        panel.storeValues(TAutoPtr<PropertyableObject>(picture));
-        QCOMPARE(TAutoPtr<StringProperty>(picture->value("file"))->value(), QStringLiteral("outside.tif"));
+        file->clearFocus();
+        p.panel.storeValues(TAutoPtr<PropertyableObject>(p.object));
+        QCOMPARE(p.file()->value(), QStringLiteral("outside.tif"));
     }
 };
 

@@ -1,4 +1,4 @@
-// Gallery page "Inspector": the sample document's objects in a list; the selected one is
+// Gallery page "Object panel": the sample document's objects in a list; the selected one is
 // loaded into a property editor panel (scroll area, group box). "Store" writes the edits
 // back into the object, "Save JSON" and "Reload" write the document as JSON, read it again
 // and load the object anew, so that a stored value can be seen to persist. The list's
@@ -19,10 +19,10 @@ using namespace TavoLib;
 
 namespace {
 
-class InspectorPage : public QWidget
+class ObjectPanelPage : public QWidget
 {
 public:
-    InspectorPage()
+    ObjectPanelPage()
         : mEnvironment(new Environment)
         , mDocument(Sample::SampleDocument::makeDefault())
     {
@@ -113,11 +113,11 @@ private:
     QLabel *mStatus = nullptr;
 };
 
-QWidget *makeInspectorPage()
+QWidget *makeObjectPanelPage()
 {
-    return new InspectorPage;
+    return new ObjectPanelPage;
 }
 
 } // namespace
 
-TAVO_GALLERY_PAGE(15, "Inspector", makeInspectorPage)
+TAVO_GALLERY_PAGE(15, "Object panel", makeObjectPanelPage)
