@@ -113,17 +113,6 @@ private slots:
         QVERIFY(!brushRow->valueIcon().isNull());
         brush->setUndefined(true);
         QVERIFY(brushRow->valueText().isEmpty() && brushRow->valueIcon().isNull());
-
-        StringProperty::Ptr name(new StringProperty("name", "Name"));
-        ViewProperty *nameRow = manager.addProperty(name, owner);
-        QCOMPARE(nameRow->valueText(), QString());
-        name->setPlaceholderText("Untitled");
-        QCOMPARE(nameRow->valueText(), QStringLiteral("Untitled"));
-        IntegerProperty::Ptr number(new IntegerProperty("n", "N", 42));
-        ViewProperty *numberRow = manager.addProperty(number, owner);
-        QCOMPARE(numberRow->valueText(), QStringLiteral("42"));
-        numberRow->setUndefined(true);
-        QCOMPARE(numberRow->valueText(), QString());
     }
 };
 

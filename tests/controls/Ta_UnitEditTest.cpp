@@ -251,35 +251,6 @@ private slots:
         QCOMPARE(texts.last().at(0).toString(), QStringLiteral("invalid"));
     }
 
-    void limitSettersKeepTheirOrder()
-    {
-        Ta_UnitEdit edit;
-        edit.setMinimum(30000.0);
-        QCOMPARE(edit.maximum(), 30000.0);
-        QCOMPARE(edit.defaultValue(), 30000.0);
-        edit.setMaximum(-5.0);
-        QCOMPARE(edit.minimum(), -5.0);
-        QCOMPARE(edit.defaultValue(), -5.0);
-        edit.setDefaultValue(10.0);
-        QCOMPARE(edit.maximum(), 10.0);
-        QCOMPARE(edit.minimum(), -5.0);
-        edit.setDefaultValue(-20.0);
-        QCOMPARE(edit.minimum(), -20.0);
-        edit.setSecondMinimum(200.0);
-        QCOMPARE(edit.secondMaximum(), 200.0);
-        edit.setSecondMaximum(-1.0);
-        QCOMPARE(edit.secondMinimum(), -1.0);
-
-        QTest::ignoreMessage(
-            QtWarningMsg, "Ta_UnitEdit::setMaximum: \"12 apples\" konnte nicht gesetzt werden");
-        edit.setMaximum(QStringLiteral("12 apples"));
-        QTest::ignoreMessage(
-            QtWarningMsg, "Ta_UnitEdit::setMinimum: \"5%\" konnte nicht gesetzt werden");
-        edit.setMinimum(QStringLiteral("5%"));
-        QCOMPARE(edit.maximum(), 10.0);
-        QCOMPARE(edit.minimum(), -20.0);
-    }
-
     void lowerMaximumReachesTheTextAtTheNextCommit()
     {
         Window w;
@@ -290,26 +261,6 @@ private slots:
         w.type(QStringLiteral(" "));
         QTest::keyClick(w.edit, Qt::Key_Return);
         QCOMPARE(w.edit->text(), QStringLiteral("20mm"));
-    }
-
-    void changingTheUnit()
-    {
-        Ta_UnitEdit edit;
-        edit.setSpecialValue(-10.0, QStringLiteral("none"));
-        edit.setValue(mm(25.4));
-        // Through the meta-object too: the unit is a property.
-        QVERIFY(edit.setProperty("unit", QVariant::fromValue(Ta_UnitEdit::UnitCM)));
-        QCOMPARE(edit.maximum(), 2000.0);
-        QCOMPARE(edit.specialValue(), -1.0);
-        QCOMPARE(edit.text(), QStringLiteral("2.54cm"));
-
-        // Another class keeps the numbers of the limits.
-        edit.setUnit(Ta_UnitEdit::UnitAngle);
-        QCOMPARE(edit.maximum(), 2000.0);
-        QCOMPARE(edit.minimum(), 0.0);
-
-        edit.setSecondUnit(Ta_UnitEdit::UnitRelativePercent);
-        QCOMPARE(edit.secondMaximum(), 100.0);
     }
 
     void setValueFromOutside()

@@ -252,31 +252,6 @@ private slots:
         QCOMPARE(c->green(), 0.0);
     }
 
-    void valueTextsForDisplay()
-    {
-        UnitValueProperty u("u", "U", UnitValue(25.4, CUnit::MM), CUnit::Inch, 0, 100, 2);
-        QCOMPARE(u.valueText(), UnitValue(1.0, CUnit::Inch).strWithUnit(2));
-        u.setSpecialValue(0, "Auto");
-        u.setValue(UnitValue(0, CUnit::MM));
-        QCOMPARE(u.valueText(), QString("Auto"));
-
-        SelectorProperty s("s", "S");
-        s.addItem(3, "Three");
-        s.addItem(7, "Seven");
-        QCOMPARE(s.value(), 3);
-        QVERIFY(!s.setValue(5));
-        QCOMPARE(s.value(), 3);
-        QVERIFY(s.setValue(7));
-        QCOMPARE(s.valueText(), QString("Seven"));
-        QVERIFY(s.itemIcon(7).isNull());
-
-        UnitValueSelectorProperty us("us", "US");
-        us.addItem(1, "Fixed", UnitValue(12, CUnit::PT), 0, 100, 1);
-        QCOMPARE(us.itemName(9), QString());
-        us.setValue(9); // unknown id ignored
-        QCOMPARE(us.value(), 1);
-    }
-
     void dictionaryOrderLookupAndReplace()
     {
         PropertyDictionary d;
@@ -358,15 +333,6 @@ private slots:
         StylesheetProperty s("style", "Style", "Paragraph", new Stylesheet("Paragraph", "Body"));
         s.unsetStylesheet("Paragraph");
         QVERIFY(!s.stylesheet());
-    }
-
-    void pointSelectors()
-    {
-        Point p(3.0, 4.0);
-        QCOMPARE(p[0], 4.0);
-        QCOMPARE(p[1], 3.0);
-        p[true] = 7.0;
-        QCOMPARE(p.x(), 7.0);
     }
 
     void pointerTravelsThroughQueuedSignals()

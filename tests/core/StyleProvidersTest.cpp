@@ -128,22 +128,6 @@ private slots:
         QVERIFY(dot > 5 && dot < dash);
     }
 
-    void lineHeads()
-    {
-        TAutoPtr<const LineHeadStyleProviderQt> provider(new StandardLineHeadStyleProvider);
-        const std::list<short> ids = provider->styleList();
-        QStringList names;
-        for (short id : ids)
-            names << provider->name(id);
-        QCOMPARE(names,
-            QStringList({ "None", "Open Arrow", "Filled Arrow", "Barbed Arrow", "Circle", "Square",
-                "Diamond", "Bar" }));
-        QCOMPARE(provider->canonicalStyle(100), short(0));
-        QCOMPARE(provider->canonicalStyle(77), LineHeadStyleProvider::NoStyle);
-        QVERIFY(provider->preview(77, true, QSize(40, 20)).isNull());
-        QVERIFY(provider->preview(2, false, QSize(40, -20)).isNull());
-    }
-
     void headPreviewSitsAtTheRequestedEnd()
     {
         StandardLineHeadStyleProvider provider;

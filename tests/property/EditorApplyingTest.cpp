@@ -115,14 +115,6 @@ private slots:
         f.factory.applyPropertyValues(selector(3, false, SelectorProperty::ButtonsMode));
         QCOMPARE(checked(), 1);
         QVERIFY(buttons->findChildren<QToolButton *>().at(2)->isChecked());
-
-        FactoryFixture g;
-        auto *menu = g.find<QToolButton>(g.make(selector(1, false, SelectorProperty::MenuButtonMode)));
-        g.factory.applyPropertyValues(selector(1, true, SelectorProperty::MenuButtonMode));
-        QVERIFY(menu->menu()->actions().at(0)->isVisible() && menu->menu()->actions().at(0)->isChecked());
-        g.factory.applyPropertyValues(selector(2, false, SelectorProperty::MenuButtonMode));
-        QVERIFY(!menu->menu()->actions().at(0)->isVisible());
-        QVERIFY(menu->menu()->actions().at(3)->isChecked());
     }
 
     void fontSizeWithPresetsAndFonts()

@@ -135,24 +135,6 @@ private slots:
         QCOMPARE(name->value(), QStringLiteral("BobAnna"));
     }
 
-    void measureAndSideEditors()
-    {
-        FactoryFixture f;
-        UnitValueProperty::Ptr width(
-            new UnitValueProperty("w", "Width", UnitValue(12.5, CUnit::MM), CUnit::MM, 0, 100, 2));
-        width->setReadOnly(true);
-        QCOMPARE(f.find<QLabel>(f.make(width))->text(), QStringLiteral("12.5mm"));
-        // An undefined, undefinable brush shows the blank row.
-        BrushProperty::Ptr brush(new BrushProperty("b", "Brush", 3));
-        brush->setUndefinable(true);
-        brush->setUndefined(true);
-        QComboBox *combo = f.find<QComboBox>(f.make(brush));
-        QCOMPARE(combo->currentIndex(), 0);
-        QVERIFY(combo->currentText().isEmpty());
-        // Two editors of one property under one owner are both its editors.
-        f.make(brush);
-        QCOMPARE(f.factory.propertyEditors(brush).size(), 2);
-    }
 };
 
 TAVO_TEST(EditorMakingTest)

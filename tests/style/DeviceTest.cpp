@@ -51,13 +51,6 @@ class DeviceTest : public QObject
 
 private slots:
     // Must run first: nothing in this process has called Device::scale yet.
-    void stateBeforeFirstScale()
-    {
-        QCOMPARE(Device::pixelRatio(), 1.0);
-        QCOMPARE(Device::emptyImage(QSize(10, 10)).size(), QSize(11, 11));
-        QCOMPARE(Device::emptyPixmap(QSize(10, 4)).size(), QSize(11, 5));
-    }
-
     void scalesNumbersSizesAndPixmaps()
     {
         QCOMPARE(Device::scale(7.0), 7.0 * factor());

@@ -61,21 +61,6 @@ private slots:
     void init() { mStyle = new GuiStyle; }
     void cleanup() { delete mStyle; }
 
-    void buttonHeightAndPalette()
-    {
-        QPushButton button(QStringLiteral("Apply"));
-        button.setStyle(mStyle);
-        QCOMPARE(button.sizeHint().height(), s(26.0));
-
-        // Only the window colour changes, in every group.
-        QPalette palette;
-        const QColor text = palette.color(QPalette::Text);
-        mStyle->polish(palette);
-        for (auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
-            QCOMPARE(palette.color(group, QPalette::Window), QColor(241, 241, 241));
-        QCOMPARE(palette.color(QPalette::Text), text);
-    }
-
     void groupBoxMarginsDependOnNesting()
     {
         QGroupBox plain;
