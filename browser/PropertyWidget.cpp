@@ -10,6 +10,8 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace TavoLib {
 
 void setMaxWidths(QList<QObject *> &objects, int minimum, int extra)
@@ -170,9 +172,16 @@ void PropertyWidget::insertPropertyableObjectWithProperties(TAutoPtr<const Prope
         else
             mBrowser->addProperty(view);
     }
-    for (QtProperty *property : mManager->properties())
+    // The manager lists top-level rows only; the rows below (the children of an inactive
+    // group, say) need their editors' enabled state too.
+    std::function<void(QtProperty *)> enable = [&](QtProperty *property) {
         if (ViewProperty *view = mManager->toViewProperty(property))
             mFactory.enablePropertyEditors(view);
+        for (QtProperty *child : property->subProperties())
+            enable(child);
+    };
+    for (QtProperty *property : mManager->properties())
+        enable(property);
 }
 
 std::list<TAutoPtr<const PropertyWidgetItem>> PropertyWidget::getItems(bool onlyChanged)

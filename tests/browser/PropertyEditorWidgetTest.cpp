@@ -139,6 +139,13 @@ private slots:
         }
         QVERIFY(edge > 0);
         QVERIFY(panel.maxLabelWidth() > 0);
+        // The radius below the switched-off round corners cannot be edited.
+        QSpinBox *columns = spinFor(panel, 2);
+        QVERIFY(columns && columns->isEnabled());
+        bool disabledFound = false;
+        for (QAbstractSpinBox *spin : panel.findChildren<QAbstractSpinBox *>())
+            disabledFound = disabledFound || !spin->isEnabled();
+        QVERIFY(disabledFound);
     }
 };
 
