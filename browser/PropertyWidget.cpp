@@ -216,12 +216,18 @@ void PropertyWidget::changeItems(const std::list<TAutoPtr<const PropertyWidgetIt
         if (!item || !item->properties())
             continue;
         auto edited = mEditedProperties.find(item->propertiesOwner());
-        if (edited != mEditedProperties.end() && edited->second)
-            changePropertyValues(edited->second, *item->properties());
+        if (edited == mEditedProperties.end() || !edited->second)
+            continue;
+        // Indexed once: a lookup per row in a dictionary of thousands would be n squared.
+        ValueIndex values;
+        for (const Property::Ptr &value : *item->properties())
+            if (!values.contains(value->uniqueName()))
+                values.insert(value->uniqueName(), value);
+        changePropertyValues(edited->second, values);
     }
 }
 
-void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const PropertyDictionary &values)
+void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values)
 {
     if (TAutoPtr<GroupProperty> group{ property }) {
         for (const auto &child : *group)
@@ -233,7 +239,7 @@ void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const Pro
         && !TAutoPtr<SelectorProperty>{ property } && !TAutoPtr<BoolProperty>{ property }
         && !TAutoPtr<IntegerProperty>{ property })
         return;
-    const Property::Ptr found = values.property(property->uniqueName());
+    const Property::Ptr found = values.value(property->uniqueName());
     if (!found || found->toString() == property->toString())
         return;
     property->copyValueFrom(*found);

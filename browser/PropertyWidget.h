@@ -9,6 +9,7 @@
 #include "browser/ViewEditorFactory.h"
 #include "core/GroupProperty.h"
 
+#include <QHash>
 #include <QWidget>
 #include <list>
 #include <map>
@@ -69,7 +70,9 @@ protected:
 
 private:
     std::list<TAutoPtr<const PropertyWidgetItem>> getItems(bool onlyChanged);
-    void changePropertyValues(TAutoPtr<Property> property, const PropertyDictionary &values);
+    // The new values by name; the first of a name wins, as a lookup in the dictionary finds.
+    using ValueIndex = QHash<QString, Property::Ptr>;
+    void changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values);
 
     std::map<TAutoPtr<const PropertyableObject>, TAutoPtr<Property>> mInitialProperties;
     std::map<TAutoPtr<const PropertyableObject>, TAutoPtr<GroupProperty>> mEditedProperties;

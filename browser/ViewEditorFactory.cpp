@@ -89,10 +89,16 @@ QWidget *ViewEditorFactory::createEditor(
     }
     QWidget *editor = mFactory.createEditor(data, parent, QString());
     if (editor) {
-        mEditorToProperty.erase(std::remove_if(mEditorToProperty.begin(), mEditorToProperty.end(),
-                                    [](const auto &entry) { return entry.first.isNull(); }),
-            mEditorToProperty.end());
-        mEditorToProperty.emplace_back(editor, view);
+        if (mEditorToProperty.size() >= mSweepAt)
+            sweepDeadEditors();
+        // A new widget at a dead editor's address takes its entry over.
+        mEditorToProperty[editor] = EditorLink{ editor, view };
+        RowLinks &links = mRowLinks[view];
+        links.editors.erase(std::remove(links.editors.begin(), links.editors.end(), nullptr),
+            links.editors.end());
+        links.editors.emplace_back(editor);
+        if (std::find(links.data.begin(), links.data.end(), data) == links.data.end())
+            links.data.push_back(data);
         mPropertyToView[data] = view;
     }
     mCurrentEditor = editor;
@@ -111,15 +117,34 @@ void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *manager)
 {
     // A row the manager deletes (a reload clears it) must not be found again: an editor
     // that outlives its row may still report a change.
-    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this, [this](QtProperty *row) {
-        for (auto it = mPropertyToView.begin(); it != mPropertyToView.end();)
-            it = it->second == row ? mPropertyToView.erase(it) : std::next(it);
-        for (auto &entry : mEditorToProperty)
-            if (entry.second == row)
-                entry.second = nullptr;
-        if (mCurrentProperty == row)
-            mCurrentProperty = nullptr;
-    });
+    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this, &ViewEditorFactory::forgetRow);
+}
+
+void ViewEditorFactory::forgetRow(QtProperty *row)
+{
+    if (mCurrentProperty == row)
+        mCurrentProperty = nullptr;
+    auto found = mRowLinks.find(row);
+    if (found == mRowLinks.end())
+        return;
+    for (const TAutoPtr<Property> &data : found->second.data) {
+        auto entry = mPropertyToView.find(data);
+        if (entry != mPropertyToView.end() && entry->second == row)
+            mPropertyToView.erase(entry);
+    }
+    for (const QPointer<QWidget> &editor : found->second.editors) {
+        auto entry = editor ? mEditorToProperty.find(editor.data()) : mEditorToProperty.end();
+        if (entry != mEditorToProperty.end() && entry->second.row == row)
+            entry->second.row = nullptr;
+    }
+    mRowLinks.erase(found);
+}
+
+void ViewEditorFactory::sweepDeadEditors()
+{
+    for (auto it = mEditorToProperty.begin(); it != mEditorToProperty.end();)
+        it = it->second.editor ? std::next(it) : mEditorToProperty.erase(it);
+    mSweepAt = std::max<size_t>(64, 2 * mEditorToProperty.size());
 }
 
 void ViewEditorFactory::disconnectPropertyManager(ViewPropertyManager *manager)
@@ -148,19 +173,22 @@ void ViewEditorFactory::enablePropertyEditors(ViewProperty *view)
 {
     if (!view)
         return;
-    for (const auto &entry : mEditorToProperty)
-        if (entry.second == view && entry.first)
-            entry.first->setEnabled(view->isEnabled());
+    auto found = mRowLinks.find(view);
+    if (found == mRowLinks.end())
+        return;
+    for (const QPointer<QWidget> &editor : found->second.editors)
+        if (editor)
+            editor->setEnabled(view->isEnabled());
 }
 
 ViewProperty *ViewEditorFactory::toProperty(QWidget *editor)
 {
-    // A dead editor's entry has a null key, so a new widget at its address is not taken
+    // A dead editor's entry has a null guard, so a new widget at its address is not taken
     // for it.
-    for (const auto &entry : mEditorToProperty)
-        if (entry.first && entry.first.data() == editor && entry.second)
-            return entry.second;
-    return nullptr;
+    auto found = mEditorToProperty.find(editor);
+    if (found == mEditorToProperty.end() || found->second.editor.data() != editor)
+        return nullptr;
+    return found->second.row;
 }
 
 ViewProperty *ViewEditorFactory::toProperty(TAutoPtr<Property> data)

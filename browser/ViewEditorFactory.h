@@ -11,7 +11,7 @@
 
 #include <QPointer>
 #include <map>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace TavoLib {
@@ -75,10 +75,27 @@ private slots:
     void propertyChanged(TavoLib::Property::Ptr data);
 
 private:
-    // A list, not a map: a guarded key turns null when its editor dies, which would break
-    // a map's order. Dead entries are dropped when the next editor is made.
-    std::vector<std::pair<QPointer<QWidget>, ViewProperty *>> mEditorToProperty;
+    // An editor is found by its address; the guard tells whether the widget there is still
+    // the one recorded. Dead entries are swept now and then, so the table stays in
+    // proportion to the live editors.
+    struct EditorLink
+    {
+        QPointer<QWidget> editor;
+        ViewProperty *row = nullptr;
+    };
+    // What refers to one row, so that forgetting a row costs only its own entries.
+    struct RowLinks
+    {
+        std::vector<QPointer<QWidget>> editors;
+        std::vector<TAutoPtr<Property>> data;
+    };
+    void forgetRow(QtProperty *row);
+    void sweepDeadEditors();
+
+    std::unordered_map<const QWidget *, EditorLink> mEditorToProperty;
+    std::unordered_map<const QtProperty *, RowLinks> mRowLinks;
     std::map<TAutoPtr<Property>, ViewProperty *> mPropertyToView;
+    size_t mSweepAt = 64;
     ViewProperty *mCurrentProperty = nullptr;
     QWidget *mCurrentEditor = nullptr;
     TAutoPtr<const Translator> mTranslator;

@@ -159,7 +159,10 @@ void FontControllerQt::populateFamilies(QComboBox *combo, short current, bool om
         return;
     const bool wasBlocked = combo->blockSignals(true);
 
-    auto *view = new FontTreeView(combo);
+    // The view is made outside the window and handed to the combo box's pop-up at once:
+    // made inside, moving it there would walk the focus chain of the whole window, for
+    // every font field of a panel.
+    auto *view = new FontTreeView(nullptr);
     copyStyle(combo, view);
     auto *model = new FontItemModel(mProvider, view, mSettings.showExamples, omitMissing);
     view->setModel(model);
@@ -196,7 +199,7 @@ void FontControllerQt::populateStyles(QComboBox *combo, short font) const
         const QString family = mProvider->familyName(font);
         if (family.isEmpty())
             return;
-        auto *view = new FontTreeView(combo);
+        auto *view = new FontTreeView(nullptr); // outside the window, as above
         copyStyle(combo, view);
         auto *model = new FontStyleItemModel(mProvider, family, view, mSettings.showExamples);
         view->setModel(model);

@@ -9,6 +9,8 @@
 #include <QPen>
 #include <QStyle>
 
+#include <functional>
+
 namespace TavoLib {
 
 namespace {
@@ -18,14 +20,28 @@ bool isSeparator(const QModelIndex &index)
     return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
 }
 
+// The font and resolution of an option as text, for the caches below. Rows of one list
+// share them, so the last answer is kept. Delegates live on the GUI thread only.
+const QString &fontKey(const QStyleOptionViewItem &option)
+{
+    static QFont lastFont;
+    static int lastDpi = -1;
+    static QString lastKey;
+    const int dpi = qRound(option.fontMetrics.fontDpi());
+    if (lastDpi != dpi || lastFont != option.font) {
+        lastFont = option.font;
+        lastDpi = dpi;
+        lastKey = option.font.key() + QLatin1Char('@') + QString::number(dpi);
+    }
+    return lastKey;
+}
+
 // Height of the ideograph U+4879 in a font. Few fonts have it, so every lookup searches the
 // fallback fonts; a list asks once per row, so the answer is kept per font and resolution.
-// Delegates live on the GUI thread only.
 int ideographHeight(const QStyleOptionViewItem &option)
 {
     static QHash<QString, int> cache;
-    const QString key
-        = option.font.key() + QLatin1Char('@') + QString::number(option.fontMetrics.fontDpi());
+    const QString &key = fontKey(option);
     const auto found = cache.constFind(key);
     if (found != cache.constEnd())
         return found.value();
@@ -34,6 +50,27 @@ int ideographHeight(const QStyleOptionViewItem &option)
         cache.clear();
     cache.insert(key, height);
     return height;
+}
+
+// Width of a row's cell. Every font list of a panel lists the same families, and a list is
+// measured whole when it is made, so the width of a text in a font, with or without an
+// icon, is kept across lists.
+int cellWidth(const QStyleOptionViewItem &option, const std::function<int()> &measure)
+{
+    static QHash<QString, int> cache;
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    const QString key = option.text + QLatin1Char('\x1f') + fontKey(option) + QLatin1Char('/')
+        + QString::number(option.decorationSize.width()) + QLatin1Char('/')
+        + QString::number(int(option.features)) + QLatin1Char('/')
+        + QString::number(quintptr(style), 16);
+    const auto found = cache.constFind(key);
+    if (found != cache.constEnd())
+        return found.value();
+    const int width = measure();
+    if (cache.size() > 16384)
+        cache.clear();
+    cache.insert(key, width);
+    return width;
 }
 
 } // namespace
@@ -138,9 +175,11 @@ QSize FontItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     // own face out of the measuring, which would resolve every font of a long list.
     if (index.column() == 1)
         return QSize(0, height);
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(height);
-    return size;
+    QStyleOptionViewItem opt(option);
+    initStyleOption(&opt, index);
+    const int width = cellWidth(
+        opt, [&] { return QStyledItemDelegate::sizeHint(option, index).width(); });
+    return QSize(width, height);
 }
 
 } // namespace TavoLib

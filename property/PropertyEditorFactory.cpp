@@ -999,6 +999,11 @@ void PropertyEditorFactory::createFontEditors(TAutoPtr<FontProperty> property, Q
 {
     Q_UNUSED(third)
     auto *familyCombo = new QComboBox(parent);
+    // The field asks for room for a usual family name, not for the longest one installed:
+    // a panel does not widen with the font list, and that list (hundreds of names) is not
+    // measured again for every font field of every load. The pop-up still shows whole names.
+    familyCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    familyCombo->setMinimumContentsLength(16);
     if (mFontProvider)
         FontControllerQt(mFontProvider).populateFamilies(familyCombo, property->font(), false);
     if (property->isUndefinable()) {
