@@ -2,24 +2,38 @@
 // properties (the sample schema's kinds, flat or in groups of five), take new values of all
 // of them through changeValues, and destroy it; in the same run the floor, the same labels
 // with plain Qt editors in a QFormLayout. Teardown of 3,000 rows is timed on its own, and
-// the resident memory per row is printed ("kB/row", peak resident set over an empty panel).
+// the memory per row is printed ("kB/row": heap in use by the loaded panel over the same panel
+// shown empty).
 #include "WidgetBenchMain.h"
 #include "browser/PropertyEditorWidget.h"
+#include "core/BoolProperty.h"
+#include "core/BrushProperty.h"
+#include "core/CustomColorProperty.h"
 #include "core/FontProperty.h"
 #include "core/GroupProperty.h"
 #include "core/IntegerProperty.h"
+#include "core/LineHeadStyleProperty.h"
+#include "core/ListProperty.h"
+#include "core/PenStyleProperty.h"
+#include "core/SelectorProperty.h"
 #include "core/StringProperty.h"
+#include "core/StylesheetProperty.h"
 #include "core/UnitValueProperty.h"
+#include "core/UnitValueSelectorProperty.h"
 #include "sample/SampleSchema.h"
 
 #include <QApplication>
-#include <QFile>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFontComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QDoubleSpinBox>
 #include <QSpinBox>
+#include <QToolButton>
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 using namespace TavoLib;
 
@@ -50,8 +64,7 @@ std::vector<Property::Ptr> pool()
                 visit(child);
             return;
         }
-        if (!qEnvironmentVariableIsSet("NOFONT") || !TAutoPtr<FontProperty>{ p })
-            leaves.push_back(p);
+        leaves.push_back(p);
     };
     for (const QString &type : Sample::SampleSchema::objectTypes())
         for (const auto &p : Sample::SampleSchema::objectSchema(type, stylesheets))
@@ -87,15 +100,21 @@ PropertyDictionary values(int n, bool grouped, int round)
     return result;
 }
 
-long residentKb()
+// Lets a shown window come to rest as under a running event loop: showing activates it, and
+// activation queues more work (every line edit answers it a turn later).
+void settle()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n'))
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    return 0;
+    QApplication::processEvents();
+    QApplication::processEvents();
+}
+
+// Bytes the heap has handed out and not got back, mapped blocks included. The resident set
+// of the process only grows and keeps what earlier runs freed, so it cannot tell one panel
+// from the next; this count can.
+size_t heapInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
 }
 
 TAutoPtr<Environment> environment()
@@ -110,15 +129,23 @@ void BM_Panel(benchmark::State &state)
     const bool grouped = state.range(1) == 1;
     TAutoPtr<BenchObject> object(new BenchObject(values(n, grouped, 0)));
     TAutoPtr<BenchObject> changed(new BenchObject(values(n, grouped, 1)));
-    long perRow = 0;
+    // What a panel shown without rows holds, taken off the figure per row.
+    size_t emptyPanel = heapInUse();
+    {
+        PropertyEditorWidget empty(true, true, false);
+        empty.show();
+        settle();
+        emptyPanel = heapInUse() - emptyPanel;
+    }
+    double perRow = 0;
     double widgets = 0;
     for (auto _ : state) {
-        const long before = residentKb();
+        const size_t before = heapInUse();
         auto *panel = new PropertyEditorWidget(true, true, false);
         panel->loadValues(TAutoPtr<const PropertyableObject>(object), environment());
         panel->show();
-        QApplication::processEvents();
-        perRow = (residentKb() - before) * 1024 / qMax(1, n);
+        settle();
+        perRow = (double(heapInUse()) - double(before) - double(emptyPanel)) / 1024.0 / n;
         widgets = double(QApplication::allWidgets().size()) / n;
         panel->changeValues(TAutoPtr<PropertyableObject>(changed));
         delete panel;
@@ -126,33 +153,106 @@ void BM_Panel(benchmark::State &state)
     }
     state.counters["props"] = n;
     state.counters["grouped"] = grouped;
-    state.counters["B/row"] = double(perRow);
+    state.counters["kB/row"] = perRow;
     state.counters["widgets/row"] = widgets;
+}
+
+// An icon such as a plain Qt form would draw for an entry of a brush or style list.
+QIcon swatch(int i)
+{
+    QPixmap pixmap(QSize(32, 16));
+    pixmap.fill(QColor::fromHsv((i * 37) % 360, 160, 200));
+    return QIcon(pixmap);
+}
+
+QComboBox *comboOf(int count, bool icons)
+{
+    auto *combo = new QComboBox;
+    for (int i = 0; i < count; ++i) {
+        if (icons)
+            combo->addItem(swatch(i), QStringLiteral("Entry %1").arg(i));
+        else
+            combo->addItem(QStringLiteral("Entry %1").arg(i));
+    }
+    return combo;
+}
+
+// The plain Qt editor of each kind, with as many entries as the library's editor lists:
+// the floor a host would reach building the same form by hand.
+QWidget *plainEditor(const Property::Ptr &p)
+{
+    static TAutoPtr<Environment> env(new Environment);
+    if (TAutoPtr<IntegerProperty>{ p })
+        return new QSpinBox;
+    if (TAutoPtr<BoolProperty>{ p })
+        return new QCheckBox;
+    if (TAutoPtr<UnitValueProperty>{ p })
+        return new QDoubleSpinBox;
+    if (TAutoPtr<SelectorProperty> selector{ p })
+        return comboOf(selector->itemCount(), false);
+    if (TAutoPtr<UnitValueSelectorProperty> selector{ p }) {
+        auto *combo = comboOf(int(std::distance(selector->begin(), selector->end())), false);
+        combo->setEditable(true);
+        return combo;
+    }
+    if (TAutoPtr<StylesheetProperty> sheet{ p })
+        return comboOf(
+            int(env->stylesheetManager()->stylesheetsWithType(sheet->stylesheetType()).size()) + 1,
+            false);
+    if (TAutoPtr<BrushProperty>{ p })
+        return comboOf(int(env->brushProvider()->brushList().size()), true);
+    if (TAutoPtr<PenStyleProperty>{ p })
+        return comboOf(int(env->penStyleProvider()->styleList().size()), true);
+    if (TAutoPtr<LineHeadStyleProperty>{ p })
+        return comboOf(int(env->lineHeadStyleProvider()->styleList().size()), true);
+    if (TAutoPtr<CustomColorProperty>{ p }) {
+        auto *button = new QToolButton;
+        button->setIcon(swatch(0));
+        return button;
+    }
+    if (TAutoPtr<FontProperty>{ p }) {
+        auto *pair = new QWidget;
+        auto *row = new QHBoxLayout(pair);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->addWidget(new QFontComboBox);
+        row->addWidget(comboOf(4, false));
+        return pair;
+    }
+    if (TAutoPtr<ListProperty> list{ p }) {
+        auto *box = new QWidget;
+        auto *column = new QVBoxLayout(box);
+        column->setContentsMargins(0, 0, 0, 0);
+        for (int i = 0; i < list->size(); ++i)
+            column->addWidget(new QLineEdit);
+        column->addWidget(new QToolButton);
+        return box;
+    }
+    return new QLineEdit(p->toString());
 }
 
 void BM_PlainForm(benchmark::State &state)
 {
     const int n = int(state.range(0));
     const std::vector<Property::Ptr> leaves = pool();
+    double widgets = 0;
+    double perRow = 0;
     for (auto _ : state) {
+        const size_t before = heapInUse();
         auto *form = new QWidget;
         auto *layout = new QFormLayout(form);
         for (int i = 0; i < n; ++i) {
             const Property::Ptr &p = leaves[size_t(i) % leaves.size()];
-            QWidget *editor = nullptr;
-            if (TAutoPtr<IntegerProperty>{ p })
-                editor = new QSpinBox;
-            else if (TAutoPtr<UnitValueProperty>{ p })
-                editor = new QDoubleSpinBox;
-            else
-                editor = new QLineEdit(p->toString());
-            layout->addRow(new QLabel(p->visibleName() + QLatin1Char(':')), editor);
+            layout->addRow(new QLabel(p->visibleName() + QLatin1Char(':')), plainEditor(p));
         }
         form->show();
-        QApplication::processEvents();
+        settle();
+        perRow = (double(heapInUse()) - double(before)) / 1024.0 / n;
+        widgets = double(QApplication::allWidgets().size()) / n;
         delete form;
     }
     state.counters["props"] = n;
+    state.counters["kB/row"] = perRow;
+    state.counters["widgets/row"] = widgets;
 }
 
 void BM_PanelTeardown3000(benchmark::State &state)
@@ -163,10 +263,29 @@ void BM_PanelTeardown3000(benchmark::State &state)
         auto *panel = new PropertyEditorWidget(true, true, false);
         panel->loadValues(TAutoPtr<const PropertyableObject>(object), environment());
         panel->show();
-        QApplication::processEvents();
+        settle();
         state.ResumeTiming();
         delete panel;
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+// The floor's teardown of the same 3,000 rows.
+void BM_PlainFormTeardown3000(benchmark::State &state)
+{
+    const std::vector<Property::Ptr> leaves = pool();
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto *form = new QWidget;
+        auto *layout = new QFormLayout(form);
+        for (int i = 0; i < 3000; ++i) {
+            const Property::Ptr &p = leaves[size_t(i) % leaves.size()];
+            layout->addRow(new QLabel(p->visibleName() + QLatin1Char(':')), plainEditor(p));
+        }
+        form->show();
+        settle();
+        state.ResumeTiming();
+        delete form;
     }
 }
 
@@ -176,5 +295,6 @@ BENCHMARK(BM_Panel)->Args({ 10, 0 })->Args({ 100, 0 })->Args({ 1000, 0 })->Args(
     ->Args({ 100, 1 })->Args({ 1000, 1 })->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PlainForm)->Arg(10)->Arg(100)->Arg(1000)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PanelTeardown3000)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_PlainFormTeardown3000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 TAVO_WIDGET_BENCHMARK_MAIN()

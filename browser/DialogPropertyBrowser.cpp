@@ -6,6 +6,7 @@
 #include "propertybrowser/QtBrowserItem.h"
 
 #include <QFrame>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -146,6 +147,14 @@ void DialogPropertyBrowser::itemInserted(QtBrowserItem *item, QtBrowserItem *)
             grid->addWidget(editor, r, 1);
     }
     fitLabel(info->mLabel);
+    // Every new widget queues a request to be polished. Qt walks that whole queue whenever a
+    // new widget gets its layout or a widget is deleted, so a load of thousands of rows in
+    // one go would cost n squared. The requests are dropped now and then: a widget is
+    // polished anyway before it is first shown or measured.
+    if (++mInsertedSinceTrim >= 64) {
+        mInsertedSinceTrim = 0;
+        QCoreApplication::removePostedEvents(nullptr, QEvent::PolishRequest);
+    }
 }
 
 void DialogPropertyBrowser::promote(WidgetInfo &parent)

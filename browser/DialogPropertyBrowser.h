@@ -57,6 +57,7 @@ private:
     std::map<QtBrowserItem *, TAutoPtr<WidgetInfo>> mWidgetInfos;
     // The width all labels are fitted to now; -1 before the first row.
     int mLabelWidth = -1;
+    int mInsertedSinceTrim = 0;
 };
 
 } // namespace TavoLib

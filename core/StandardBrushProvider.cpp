@@ -143,6 +143,7 @@ QPixmap StandardBrushProvider::preview(short id, const QSize &size) const
     QPainter painter(&pixmap);
     const QRectF area(QPointF(0, 0), QSizeF(size));
     painter.fillRect(area, e->brush->qBrush(area));
+    painter.end(); // a pixmap still painted on would be copied on return
     return pixmap;
 }
 

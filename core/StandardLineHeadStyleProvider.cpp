@@ -178,6 +178,7 @@ QPixmap StandardLineHeadStyleProvider::preview(short id, bool start, const QSize
     painter.setPen(e->filled ? QPen(Qt::NoPen) : headPen);
     painter.setBrush(e->filled ? QBrush(Qt::black) : QBrush(Qt::NoBrush));
     painter.drawPath(e->path);
+    painter.end(); // a pixmap still painted on would be copied on return
     return pixmap;
 }
 

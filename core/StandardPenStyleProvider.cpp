@@ -100,6 +100,7 @@ QPixmap StandardPenStyleProvider::preview(short id, const QSize &size) const
         = int(width) % 2 ? std::floor(size.height() / 2.0) + 0.5 : std::round(size.height() / 2.0);
     const qreal margin = std::min<qreal>(width, size.width() / 4.0);
     painter.drawLine(QPointF(margin, y), QPointF(size.width() - margin, y));
+    painter.end(); // a pixmap still painted on would be copied on return
     return pixmap;
 }
 

@@ -974,7 +974,9 @@ QComboBox *PropertyEditorFactory::CreateUnitValueComboBox(
 {
     auto *combo = new QComboBox(parent);
     combo->setFrame(mWithEditorFrame);
-    combo->setEditable(true);
+    // Made editable by the setLineEdit below: setEditable(true) would make a line edit of its
+    // own only to have it replaced, and a widget deleted while a panel loads costs a walk
+    // through every event still queued for the new widgets.
     combo->setInsertPolicy(QComboBox::NoInsert);
     for (const auto &preset : property->presets()) {
         if (preset.isSeparator())
