@@ -518,6 +518,8 @@ QWidget *PropertyEditorFactory::makeEditor(
                 connect(button, &QToolButton::clicked, this, &PropertyEditorFactory::toolButtonClicked);
                 registerEditor(button, editors, property);
             }
+            // The buttons stay together at the start of a wide field, as a tool bar would.
+            layout->addStretch(1);
             return container;
         }
 

@@ -20,12 +20,27 @@
 #include "core/UnitValueProperty.h"
 #include "core/UnitValueSelectorProperty.h"
 
+#include <QIcon>
+
 using namespace TavoLib;
+
+// The sample's icons live in a static library, whose resources register only when asked.
+static void initSampleResources()
+{
+    Q_INIT_RESOURCE(sample);
+}
 
 namespace Sample {
 namespace SampleSchema {
 
 namespace {
+
+QIcon sampleIcon(const QString &name)
+{
+    static const bool registered = (initSampleResources(), true);
+    Q_UNUSED(registered)
+    return QIcon(QStringLiteral(":/TavoSample/icons/%1.svg").arg(name));
+}
 
 const AttributeKey kFill(QStringLiteral("Fill"));
 const AttributeKey kLine(QStringLiteral("Line"));
@@ -121,10 +136,10 @@ PropertyDictionary objectSchema(const QString &type, TAutoPtr<StylesheetManager 
         SelectorProperty::Ptr align(new SelectorProperty(QStringLiteral("verticalAlignment"),
                                                          QStringLiteral("Vertical alignment"),
                                                          SelectorProperty::ButtonsMode));
-        align->addItem(0, QStringLiteral("Top"));
-        align->addItem(1, QStringLiteral("Centre"));
-        align->addItem(2, QStringLiteral("Bottom"));
-        align->addItem(3, QStringLiteral("Justified"));
+        align->addItem(0, QStringLiteral("Top"), sampleIcon(QStringLiteral("valign-top")));
+        align->addItem(1, QStringLiteral("Centre"), sampleIcon(QStringLiteral("valign-centre")));
+        align->addItem(2, QStringLiteral("Bottom"), sampleIcon(QStringLiteral("valign-bottom")));
+        align->addItem(3, QStringLiteral("Justified"), sampleIcon(QStringLiteral("valign-justified")));
         d.insertProperty(align);
         TAutoPtr<Stylesheet const> body = stylesheets
             ? stylesheets->stylesheet(QStringLiteral("Paragraph"), QStringLiteral("Body"))
@@ -215,10 +230,10 @@ PropertyDictionary attributeSchema(const AttributeKey &key)
     } else if (key == kParagraph) {
         SelectorProperty::Ptr align(new SelectorProperty(QStringLiteral("alignment"), QStringLiteral("Alignment"),
                                                          SelectorProperty::ButtonsMode));
-        align->addItem(0, QStringLiteral("Left"));
-        align->addItem(1, QStringLiteral("Centre"));
-        align->addItem(2, QStringLiteral("Right"));
-        align->addItem(3, QStringLiteral("Justified"));
+        align->addItem(0, QStringLiteral("Left"), sampleIcon(QStringLiteral("halign-left")));
+        align->addItem(1, QStringLiteral("Centre"), sampleIcon(QStringLiteral("halign-centre")));
+        align->addItem(2, QStringLiteral("Right"), sampleIcon(QStringLiteral("halign-right")));
+        align->addItem(3, QStringLiteral("Justified"), sampleIcon(QStringLiteral("halign-justified")));
         d.insertProperty(align);
         d.insertProperty(length(QStringLiteral("leftIndent"), QStringLiteral("Left indent"), 0, 0, 500));
         ListProperty::Ptr tabs(new ListProperty(QStringLiteral("tabs"), QStringLiteral("Tab stops"),
