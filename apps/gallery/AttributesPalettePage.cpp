@@ -1,0 +1,202 @@
+// Gallery page "Attributes palette": the attributes of the objects selected in the list,
+// merged, in a palette of two tabs. Where the selected objects differ, or one of them lacks
+// the attribute, the rows are undefined. An edit goes to every selected object.
+#include "GalleryPage.h"
+
+#include "attributes/AttributesTreeWidget.h"
+#include "browser/TreePropertyBrowser.h"
+#include "core/Environment.h"
+#include "core/UnitValueProperty.h"
+#include "propertybrowser/QtBrowserItem.h"
+#include "propertybrowser/QtProperty.h"
+#include "sample/SampleDocument.h"
+#include "sample/SampleSchema.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QVBoxLayout>
+
+using namespace TavoLib;
+
+namespace {
+
+const AttributeKey kFill(QStringLiteral("Fill"));
+const AttributeKey kLine(QStringLiteral("Line"));
+const AttributeKey kCharacter(QStringLiteral("Character"));
+const AttributeKey kParagraph(QStringLiteral("Paragraph"));
+
+// The attributes the selected objects share: per key, the first object's attribute with
+// every value the others do not share made undefined. A key some object lacks is left out.
+AttributeMap merged(const std::vector<Sample::SampleObject::Ptr> &objects)
+{
+    AttributeMap result;
+    if (objects.empty())
+        return result;
+    for (const auto &entry : objects.front()->attributes()) {
+        PropertyDictionary values;
+        entry.second->fillProperties(values);
+        bool everywhere = true;
+        for (size_t i = 1; i < objects.size() && everywhere; ++i) {
+            const auto other = objects[i]->attributes().find(entry.first);
+            if (other == objects[i]->attributes().end()) {
+                everywhere = false;
+                break;
+            }
+            PropertyDictionary theirs;
+            other->second->fillProperties(theirs);
+            for (const Property::Ptr &value : values)
+                value->intersect(theirs.property(value->uniqueName()));
+        }
+        if (!everywhere)
+            continue;
+        TAutoPtr<Attribute> attribute(entry.second->clone());
+        attribute->applyProperties(values);
+        result.insert(attribute);
+    }
+    return result;
+}
+
+class SamplePalette : public AttributesTreeWidget
+{
+public:
+    explicit SamplePalette(std::function<std::vector<Sample::SampleObject::Ptr>()> selection)
+        : AttributesTreeWidget(nullptr, TAutoPtr<Translator>(new Translator))
+        , mSelection(std::move(selection))
+    {
+        // Tabs once, here; the attributes in createAttributes, which runs again after a clear.
+        addTab(tr("Frame"));
+        addTab(tr("Text"));
+    }
+
+    void selectionChanged() override { setAttributes(merged(mSelection())); }
+
+protected:
+    void createAttributes() override
+    {
+        createAttributeGroup(QStringLiteral("appearance"), tr("Appearance"), { kFill, kLine }, 0);
+        createAttribute(kCharacter, 1);
+        createAttribute(kParagraph, 1);
+    }
+
+    void attributeChanged(TAutoPtr<const Attribute> attribute) override
+    {
+        for (const Sample::SampleObject::Ptr &object : mSelection()) {
+            TAutoPtr<Attribute> copy(attribute->clone());
+            // Only the values the user set: the undefined ones keep each object's own.
+            const auto own = object->attributes().find(attribute->key());
+            if (own != object->attributes().end()) {
+                PropertyDictionary edited;
+                attribute->fillProperties(edited);
+                PropertyDictionary values;
+                own->second->fillProperties(values);
+                for (const Property::Ptr &value : edited)
+                    if (!value->isUndefined())
+                        values.insertProperty(value);
+                copy->applyProperties(values);
+            }
+            object->setAttribute(copy);
+        }
+        selectionChanged();
+    }
+
+private:
+    std::function<std::vector<Sample::SampleObject::Ptr>()> mSelection;
+};
+
+class AttributesPalettePage : public QWidget
+{
+public:
+    AttributesPalettePage()
+        : mEnvironment(new Environment), mDocument(Sample::SampleDocument::makeDefault())
+    {
+        mEnvironment->setStylesheetManager(mDocument->stylesheets());
+        Sample::SampleSchema::registerDefaultAttributes(*mEnvironment);
+        // The rule is drawn thicker than the frame's border, so their line widths differ.
+        if (mDocument->objects().size() > 1) {
+            const Sample::SampleObject::Ptr rule = mDocument->objects()[1];
+            const auto line = rule->attributes().find(kLine);
+            if (line != rule->attributes().end()) {
+                PropertyDictionary values;
+                line->second->fillProperties(values);
+                if (UnitValueProperty::Ptr width{ values.property(QStringLiteral("width")) })
+                    width->setValue(UnitValue(1.5, CUnit::PT));
+                TAutoPtr<Attribute> thicker(line->second->clone());
+                thicker->applyProperties(values);
+                rule->setAttribute(thicker);
+            }
+        }
+
+        auto *layout = new QHBoxLayout(this);
+        auto *left = new QVBoxLayout;
+        left->addWidget(new QLabel(tr("Selection")));
+        mObjects = new QListWidget;
+        mObjects->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        mObjects->setMaximumWidth(260);
+        for (const auto &object : mDocument->objects())
+            mObjects->addItem(QStringLiteral("%1 (%2)").arg(object->name(), object->typeName()));
+        left->addWidget(mObjects, 1);
+        auto *hint = new QLabel(tr("Select several objects: values they do not share are empty."));
+        hint->setWordWrap(true);
+        hint->setMaximumWidth(260);
+        left->addWidget(hint);
+        layout->addLayout(left);
+
+        mPalette = new SamplePalette([this] { return selected(); });
+        mPalette->setEnvironment(mEnvironment);
+        layout->addWidget(mPalette, 1);
+        connect(mObjects, &QListWidget::itemSelectionChanged, mPalette, [this] { mPalette->selectionChanged(); });
+        mObjects->item(0)->setSelected(true);
+        if (mObjects->count() > 1)
+            mObjects->item(1)->setSelected(true);
+    }
+
+    // Opens the editor of the first row with a value, for the screenshot.
+    void openEditor()
+    {
+        auto *browser = mPalette->findChild<TreePropertyBrowser *>();
+        if (!browser)
+            return;
+        std::function<QtBrowserItem *(const QList<QtBrowserItem *> &)> firstValue
+            = [&](const QList<QtBrowserItem *> &items) -> QtBrowserItem * {
+            for (QtBrowserItem *item : items) {
+                if (item->property()->hasValue())
+                    return item;
+                if (QtBrowserItem *child = firstValue(item->children()))
+                    return child;
+            }
+            return nullptr;
+        };
+        if (QtBrowserItem *item = firstValue(browser->topLevelItems()))
+            browser->editItem(item);
+    }
+
+private:
+    std::vector<Sample::SampleObject::Ptr> selected() const
+    {
+        std::vector<Sample::SampleObject::Ptr> result;
+        for (int row = 0; row < mObjects->count(); ++row)
+            if (mObjects->item(row)->isSelected() && row < int(mDocument->objects().size()))
+                result.push_back(mDocument->objects()[size_t(row)]);
+        return result;
+    }
+
+    TAutoPtr<Environment> mEnvironment;
+    Sample::SampleDocument::Ptr mDocument;
+    QListWidget *mObjects = nullptr;
+    SamplePalette *mPalette = nullptr;
+};
+
+QWidget *makeAttributesPalettePage()
+{
+    return new AttributesPalettePage;
+}
+
+void prepareAttributesPalette(QWidget *page)
+{
+    static_cast<AttributesPalettePage *>(page)->openEditor();
+}
+
+} // namespace
+
+TAVO_GALLERY_PAGE_EX(16, "Attributes palette", makeAttributesPalettePage, prepareAttributesPalette, nullptr)

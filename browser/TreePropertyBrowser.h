@@ -1,0 +1,97 @@
+#pragma once
+
+// A compact browser for panels: a two-column tree of "Property" and "Value" in which every
+// value is painted text and icon, and one editor at a time is made when a value cell is
+// clicked (or Space, Return or Enter is pressed) and thrown away when editing ends. It shows
+// the same managers and factories as the dialog browser, so a caller can switch between the
+// two without touching its property code.
+#include "propertybrowser/QtAbstractPropertyBrowser.h"
+#include "style/TavoLibGuiExport.h"
+
+#include <QColor>
+#include <QMap>
+
+namespace TavoLib {
+
+class TreePropertyBrowserPrivate;
+
+class TAVOLIBGUI_EXPORT TreePropertyBrowser : public QtAbstractPropertyBrowser
+{
+    Q_OBJECT
+    Q_PROPERTY(int indentation READ indentation WRITE setIndentation)
+    Q_PROPERTY(bool rootIsDecorated READ rootIsDecorated WRITE setRootIsDecorated)
+    Q_PROPERTY(bool alternatingRowColors READ alternatingRowColors WRITE setAlternatingRowColors)
+    Q_PROPERTY(bool headerVisible READ isHeaderVisible WRITE setHeaderVisible)
+    Q_PROPERTY(ResizeMode resizeMode READ resizeMode WRITE setResizeMode)
+    Q_PROPERTY(int splitterPosition READ splitterPosition WRITE setSplitterPosition)
+    Q_PROPERTY(bool propertiesWithoutValueMarked READ propertiesWithoutValueMarked WRITE
+            setPropertiesWithoutValueMarked)
+public:
+    enum ResizeMode { Interactive = 0, Stretch = 1, Fixed = 2, ResizeToContents = 3 };
+    Q_ENUM(ResizeMode)
+
+    explicit TreePropertyBrowser(QWidget *parent = nullptr);
+    ~TreePropertyBrowser() override;
+
+    int indentation() const;
+    void setIndentation(int indentation);
+    bool rootIsDecorated() const;
+    void setRootIsDecorated(bool show);
+    bool alternatingRowColors() const;
+    void setAlternatingRowColors(bool enable);
+    bool isHeaderVisible() const;
+    void setHeaderVisible(bool visible);
+    ResizeMode resizeMode() const;
+    void setResizeMode(ResizeMode mode);
+    // The width of the name column.
+    int splitterPosition() const;
+    void setSplitterPosition(int position);
+    // Rows without a value (headings) painted in the palette's dark colour, with an expand
+    // icon of their own when the root is not decorated.
+    bool propertiesWithoutValueMarked() const;
+    void setPropertiesWithoutValueMarked(bool mark);
+
+    // The expansion of the top-level rows by name, also of rows no longer shown. A state of
+    // another format, or bytes that are no state at all, change nothing; a state cut short
+    // restores the entries read whole. Rows are only ever collapsed by a restore.
+    QByteArray saveState();
+    void restoreState(const QByteArray &state);
+
+    // While blocked, the tree does not lay out its rows again after each insertion; end a
+    // bulk insertion with forceUpdateGeometries().
+    void blockUpdateGeometries(bool block);
+
+    // A colour kept per row for the caller. It is not painted: rows take their colours from
+    // the palette (calculatedBackgroundColor).
+    QColor backgroundColor(QtBrowserItem *item) const;
+    void setBackgroundColor(QtBrowserItem *item, const QColor &color);
+    QColor calculatedBackgroundColor(QtBrowserItem *item) const;
+
+    void setExpanded(QtBrowserItem *item, bool expanded);
+    bool isExpanded(QtBrowserItem *item) const;
+    void setItemVisible(QtBrowserItem *item, bool visible);
+    bool isItemVisible(QtBrowserItem *item) const;
+    // Makes the row current and opens its editor.
+    void editItem(QtBrowserItem *item);
+    // Closes the open editor, if any, at the next turn of the event loop.
+    void closeEditor() const;
+
+public slots:
+    void forceUpdateGeometries();
+
+signals:
+    void collapsed(QtBrowserItem *item);
+    void expanded(QtBrowserItem *item);
+
+protected:
+    void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
+    void itemRemoved(QtBrowserItem *item) override;
+    void itemChanged(QtBrowserItem *item) override;
+
+private:
+    friend class TreePropertyBrowserPrivate;
+    TreePropertyBrowserPrivate *mPrivate;
+    QMap<QString, bool> mExpansionStates;
+};
+
+} // namespace TavoLib
