@@ -64,6 +64,9 @@ protected:
 
     // Shows the attributes of a selection: those the map lacks stay as undefined rows.
     void setAttributes(const AttributeMap &attributes);
+    // The factory of all tabs; an action that lets the current row leave its undefined state
+    // calls its activateProperty().
+    ViewEditorFactory *editorFactory() const { return mEditorFactory; }
 
     void changeEvent(QEvent *event) override;
 

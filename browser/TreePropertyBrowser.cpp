@@ -748,6 +748,9 @@ bool TreePropertyEditorDelegate::eventFilter(QObject *object, QEvent *event)
 TreePropertyEditorView::TreePropertyEditorView(QWidget *parent) : QTreeWidget(parent)
 {
     setTabKeyNavigation(true);
+    // The tree never shows a selection, not even beside the cells; the current row is
+    // enough to edit.
+    setSelectionMode(QAbstractItemView::NoSelection);
     // For the application's style; nothing in the library reads it.
     setProperty("NOSELECTION", true);
     connect(header(), &QHeaderView::sectionDoubleClicked, this, &QTreeView::resizeColumnToContents);

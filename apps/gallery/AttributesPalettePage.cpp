@@ -151,22 +151,25 @@ public:
             mObjects->item(1)->setSelected(true);
     }
 
-    // Opens the editor of the first row with a value, for the screenshot.
+    // Opens the editor of the first row that shows a value, for the screenshot.
     void openEditor()
     {
-        auto *browser = mPalette->findChild<TreePropertyBrowser *>();
+        auto *browser = qobject_cast<TreePropertyBrowser *>(mPalette->currentWidget());
         if (!browser)
             return;
         std::function<QtBrowserItem *(const QList<QtBrowserItem *> &)> firstValue
             = [&](const QList<QtBrowserItem *> &items) -> QtBrowserItem * {
             for (QtBrowserItem *item : items) {
-                if (item->property()->hasValue())
+                if (item->property()->hasValue() && !item->property()->valueText().isEmpty())
                     return item;
                 if (QtBrowserItem *child = firstValue(item->children()))
                     return child;
             }
             return nullptr;
         };
+        // The tree holds the focus, so the editor keeps it while the window settles.
+        if (auto *tree = browser->findChild<QWidget *>())
+            tree->setFocus();
         if (QtBrowserItem *item = firstValue(browser->topLevelItems()))
             browser->editItem(item);
     }

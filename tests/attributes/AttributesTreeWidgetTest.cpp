@@ -1,0 +1,254 @@
+// The attributes palette over the sample attributes: selections shown, unchanged selections
+// costing nothing, missing attributes undefined, an edit by mouse and keys reaching the hook
+// once, hidden tabs returning to their place, expansion remembered; and the ways a palette
+// can crash: the selection changing under an open editor, a clear from inside the hook, a
+// queued request for a row that has gone.
+#include "TestEnvironment.h"
+#include "TestRegistry.h"
+#include "attributes/AttributesTreeWidget.h"
+#include "browser/TreePropertyBrowser.h"
+#include "browser/ViewEditorFactory.h"
+#include "core/IntegerProperty.h"
+#include "propertybrowser/QtBrowserItem.h"
+#include "propertybrowser/QtProperty.h"
+#include "sample/SampleAttribute.h"
+#include "sample/SampleSchema.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QPointer>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace TavoLib;
+
+namespace {
+
+const AttributeKey kFill("Fill");
+const AttributeKey kLine("Line");
+const AttributeKey kCharacter("Character");
+
+class Palette : public AttributesTreeWidget
+{
+public:
+    Palette() : AttributesTreeWidget(nullptr, TAutoPtr<Translator>(new Translator))
+    {
+        addTab("Frame");
+        addTab("Text");
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        Sample::SampleSchema::registerDefaultAttributes(*env);
+        setEnvironment(env);
+    }
+    using AttributesTreeWidget::editorFactory;
+    using AttributesTreeWidget::setAttributes;
+    void selectionChanged() override { setAttributes(selection); }
+
+    AttributeMap selection;
+    QList<TAutoPtr<const Attribute>> changes;
+    std::function<void()> onChange;
+
+protected:
+    void createAttributes() override
+    {
+        ++declared;
+        createAttributeGroup("appearance", "Appearance", { kFill, kLine }, 0);
+        createAttribute(kCharacter, 1);
+    }
+    void attributeChanged(TAutoPtr<const Attribute> attribute) override
+    {
+        changes << attribute;
+        if (onChange)
+            onChange();
+    }
+
+public:
+    int declared = 0;
+};
+
+// The line attribute with another tracking or width, as a selected object would carry it.
+TAutoPtr<const Attribute> withValue(const AttributeKey &key, const QString &name, int value)
+{
+    TAutoPtr<Attribute> attribute(Sample::SampleAttribute::create(key));
+    PropertyDictionary values;
+    attribute->fillProperties(values);
+    if (TAutoPtr<IntegerProperty> integer{ values.property(name) })
+        integer->setValue(value);
+    attribute->applyProperties(values);
+    return attribute;
+}
+
+int tracking(const TAutoPtr<const Attribute> &attribute)
+{
+    PropertyDictionary values;
+    attribute->fillProperties(values);
+    const TAutoPtr<IntegerProperty> integer(values.property("tracking"));
+    return integer ? integer->value() : -1;
+}
+
+QTreeWidget *treeOf(Palette &palette, int page)
+{
+    return palette.widget(page)->findChild<QTreeWidget *>();
+}
+
+QTreeWidgetItem *rowOf(QTreeWidget *tree, const QString &label)
+{
+    return tree->findItems(label, Qt::MatchExactly | Qt::MatchRecursive, 0).value(0);
+}
+
+void clickValue(QTreeWidget *tree, const QString &label)
+{
+    QRect cell = tree->visualItemRect(rowOf(tree, label));
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+        QPoint(tree->header()->sectionPosition(1) + 8, cell.center().y()));
+}
+
+QWidget *editorIn(QTreeWidget *tree)
+{
+    return tree->findChild<QWidget *>(QStringLiteral("editor"));
+}
+
+} // namespace
+
+class AttributesTreeWidgetTest : public QObject
+{
+    Q_OBJECT
+    QTemporaryDir mHome;
+
+private slots:
+    void initTestCase() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mHome.path()); }
+
+    void selectionsAndAnEdit()
+    {
+        Palette palette;
+        // The first use declares every row; an empty selection shows them undefined.
+        palette.setAttributes(AttributeMap());
+        QCOMPARE(palette.declared, 1);
+        QTreeWidget *text = treeOf(palette, 1);
+        QVERIFY(rowOf(text, "Tracking"));
+        QVERIFY(rowOf(text, "Tracking")->text(1).isEmpty());
+
+        AttributeMap selection;
+        selection.insert(withValue(kCharacter, "tracking", 40));
+        palette.setAttributes(selection);
+        QCOMPARE(rowOf(text, "Tracking")->text(1), QStringLiteral("40"));
+        // The same selection again costs no row.
+        QTreeWidgetItem *before = rowOf(text, "Tracking");
+        AttributeMap same;
+        same.insert(withValue(kCharacter, "tracking", 40));
+        palette.setAttributes(same);
+        QCOMPARE(rowOf(text, "Tracking"), before);
+
+        // A step by mouse and key reaches the hook once, with the new value.
+        palette.setCurrentIndex(1);
+        palette.show();
+        QApplication::setActiveWindow(&palette);
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+        auto *spin = editorIn(text)->findChild<QAbstractSpinBox *>();
+        if (!spin)
+            spin = qobject_cast<QAbstractSpinBox *>(editorIn(text));
+        QVERIFY(spin);
+        QTest::keyClick(spin, Qt::Key_Up);
+        QTRY_COMPARE(palette.changes.size(), 1);
+        QCOMPARE(tracking(palette.changes.last()), 41);
+        // The host's echo of the change rebuilds nothing.
+        QTreeWidgetItem *edited = rowOf(text, "Tracking");
+        palette.selection = palette.attributes();
+        palette.selectionChanged();
+        QCOMPARE(rowOf(text, "Tracking"), edited);
+    }
+
+    void tabsAndRememberedExpansion()
+    {
+        {
+            Palette palette;
+            palette.setAttributes(AttributeMap());
+            palette.setTabVisible(0, false);
+            QCOMPARE(palette.count(), 1);
+            palette.setTabVisible(0, true);
+            QCOMPARE(palette.tabText(0), QStringLiteral("Frame"));
+            auto *browser = palette.widget(0)->findChild<TreePropertyBrowser *>();
+            if (!browser)
+                browser = qobject_cast<TreePropertyBrowser *>(palette.widget(0));
+            QVERIFY(browser);
+            browser->setExpanded(browser->topLevelItems().value(0), false);
+        } // saved as the palette goes
+        Palette again;
+        again.setAttributes(AttributeMap());
+        auto *browser = qobject_cast<TreePropertyBrowser *>(again.widget(0));
+        QVERIFY(browser && !browser->isExpanded(browser->topLevelItems().value(0)));
+    }
+
+    // The selection changes while the user is typing into a row that goes and a row that
+    // stays: the editor goes without a trace, the other rows keep working.
+    void selectionChangesUnderAnOpenEditor()
+    {
+        Palette palette;
+        palette.setAttributes(AttributeMap());
+        palette.setCurrentIndex(1);
+        palette.show();
+        QApplication::setActiveWindow(&palette);
+        QTreeWidget *text = treeOf(palette, 1);
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+        QPointer<QWidget> editor = editorIn(text);
+        QTest::keyClicks(QApplication::focusWidget(), "12");
+        AttributeMap selection;
+        selection.insert(withValue(kCharacter, "tracking", 7));
+        palette.setAttributes(selection);
+        QTRY_VERIFY(!editor);
+        QCOMPARE(rowOf(text, "Tracking")->text(1), QStringLiteral("7"));
+        QVERIFY(palette.changes.isEmpty());
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+    }
+
+    // The host clears the palette from inside the hook; a queued request to leave the
+    // undefined state arrives for a row that has gone.
+    void clearFromTheHookAndLateRequests()
+    {
+        Palette palette;
+        palette.setAttributes(AttributeMap());
+        palette.setCurrentIndex(1);
+        palette.show();
+        QApplication::setActiveWindow(&palette);
+        QTreeWidget *text = treeOf(palette, 1);
+        palette.onChange = [&] { palette.clearAttributes(); };
+        AttributeMap selection;
+        selection.insert(withValue(kCharacter, "tracking", 3));
+        palette.setAttributes(selection);
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+        QTest::keyClicks(QApplication::focusWidget(), "9");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(palette.changes.size(), 1);
+        QTRY_VERIFY(!editorIn(text));
+        QVERIFY(palette.attributes().empty());
+
+        // A row asks to leave the undefined state, and is gone before the answer comes.
+        palette.onChange = nullptr;
+        palette.setAttributes(AttributeMap());
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+        palette.editorFactory()->activateProperty();
+        palette.clearAttributes();
+        QApplication::processEvents();
+        QCOMPARE(palette.changes.size(), 1);
+
+        // Answered while the row is there, the request gives the row its default value,
+        // which counts as an edit.
+        palette.setAttributes(AttributeMap());
+        clickValue(text, "Tracking");
+        QTRY_VERIFY(editorIn(text));
+        palette.editorFactory()->activateProperty();
+        QTRY_COMPARE(palette.changes.size(), 2);
+        QCOMPARE(tracking(palette.changes.last()), 0);
+        QVERIFY(!rowOf(text, "Tracking")->text(1).isEmpty());
+    }
+};
+
+TAVO_TEST(AttributesTreeWidgetTest)
+#include "AttributesTreeWidgetTest.moc"
