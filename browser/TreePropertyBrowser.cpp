@@ -239,7 +239,12 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     mItemToIndex[treeItem] = item;
     mIndexToItem[item] = treeItem;
     treeItem->setFlags(treeItem->flags() | Qt::ItemIsEditable);
-    treeItem->setExpanded(true);
+    setExpanded(treeItem, true);
+    if (isMultiLine(item->property()))
+        ++mMultiLineRows;
+    // The parent shows its first child now, as it was asked to when it came.
+    if (parent && mExpandWhenFilled.remove(parent))
+        parent->setExpanded(true);
     updateItem(treeItem);
     mBrowser->setBackgroundColor(item, calculatedBackgroundColor(item));
 }
@@ -253,10 +258,30 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
         mTreeWidget->setCurrentItem(nullptr);
     // The open editor of the row goes with it; its address must not stand for a row.
     mDelegate->forgetItem(treeItem);
+    mExpandWhenFilled.remove(treeItem);
+    if (isMultiLine(item->property()))
+        --mMultiLineRows;
     mIndexToItem.remove(item);
     mItemToIndex.remove(treeItem);
     mIndexToBackgroundColor.remove(item);
     delete treeItem;
+}
+
+void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expanded)
+{
+    if (item->childCount() > 0) {
+        item->setExpanded(expanded);
+        return;
+    }
+    if (expanded)
+        mExpandWhenFilled.insert(item);
+    else
+        mExpandWhenFilled.remove(item);
+}
+
+bool TreePropertyBrowserPrivate::isExpanded(QTreeWidgetItem *item) const
+{
+    return item->childCount() > 0 ? item->isExpanded() : mExpandWhenFilled.contains(item);
 }
 
 void TreePropertyBrowserPrivate::propertyChanged(QtBrowserItem *item)
@@ -536,13 +561,13 @@ QColor TreePropertyBrowser::calculatedBackgroundColor(QtBrowserItem *item) const
 void TreePropertyBrowser::setExpanded(QtBrowserItem *item, bool expanded)
 {
     if (QTreeWidgetItem *treeItem = mPrivate->mIndexToItem.value(item))
-        treeItem->setExpanded(expanded);
+        mPrivate->setExpanded(treeItem, expanded);
 }
 
 bool TreePropertyBrowser::isExpanded(QtBrowserItem *item) const
 {
     QTreeWidgetItem *treeItem = mPrivate->mIndexToItem.value(item);
-    return treeItem && treeItem->isExpanded();
+    return treeItem && mPrivate->isExpanded(treeItem);
 }
 
 void TreePropertyBrowser::setItemVisible(QtBrowserItem *item, bool visible)
@@ -731,7 +756,30 @@ QSize TreePropertyEditorDelegate::sizeHint(
         wrapped.features |= QStyleOptionViewItem::WrapText;
         return QItemDelegate::sizeHint(wrapped, index) + QSize(3, 4);
     }
-    return QItemDelegate::sizeHint(opt, index) + QSize(3, 4);
+    // The tree asks every row again at each layout, and laying out a text is costly: the
+    // answer is kept per text, icon and font, for as long as the view's font stays.
+    if (index.data(Qt::CheckStateRole).isValid() || index.data(Qt::SizeHintRole).isValid())
+        return QItemDelegate::sizeHint(opt, index) + QSize(3, 4);
+    if (opt.font != mSizeFont || opt.decorationSize != mSizeDecoration || mSizes.size() > 20000) {
+        mSizes.clear();
+        mSizeFont = opt.font;
+        mSizeDecoration = opt.decorationSize;
+    }
+    const QVariant decoration = index.data(Qt::DecorationRole);
+    const bool icon = decoration.userType() == QMetaType::QIcon
+        ? !qvariant_cast<QIcon>(decoration).isNull()
+        : decoration.isValid();
+    const QVariant font = index.data(Qt::FontRole);
+    QString key = index.data(Qt::DisplayRole).toString();
+    key += icon ? QLatin1String("\x1fi") : QLatin1String("\x1f-");
+    if (font.isValid())
+        key += qvariant_cast<QFont>(font).key();
+    const auto found = mSizes.constFind(key);
+    if (found != mSizes.constEnd())
+        return found.value();
+    const QSize size = QItemDelegate::sizeHint(opt, index) + QSize(3, 4);
+    mSizes.insert(key, size);
+    return size;
 }
 
 bool TreePropertyEditorDelegate::eventFilter(QObject *object, QEvent *event)
@@ -854,7 +902,7 @@ void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
             edit(indexFromItem(item, 1), QAbstractItemView::AllEditTriggers, event);
         } else if (!mEditorPrivate->hasValue(item) && mEditorPrivate->markPropertiesWithoutValue()
             && !rootIsDecorated() && event->pos().x() + header()->offset() < 20) {
-            item->setExpanded(!item->isExpanded());
+            mEditorPrivate->setExpanded(item, !mEditorPrivate->isExpanded(item));
         }
     }
     inPress = false;
@@ -953,7 +1001,8 @@ void TreePropertyEditorView::updateGeometries()
         return;
     QTreeWidget::updateGeometries();
     const int rows = topLevelItemCount();
-    if (rows == 0 || !mEditorPrivate)
+    // Only wrapped texts change height with the width; without one no row is asked again.
+    if (rows == 0 || !mEditorPrivate || mEditorPrivate->mMultiLineRows == 0)
         return;
     // Asks every row for its height again: multi-line texts change with the width.
     emit model()->dataChanged(model()->index(0, 1), model()->index(rows - 1, 1), {});

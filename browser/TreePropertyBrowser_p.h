@@ -5,10 +5,12 @@
 // one editor, and the delegate that makes and places that editor.
 #include "browser/TreePropertyBrowser.h"
 
+#include <QHash>
 #include <QIcon>
 #include <QImage>
 #include <QItemDelegate>
 #include <QPointer>
+#include <QSet>
 #include <QTreeWidget>
 
 namespace TavoLib {
@@ -59,6 +61,14 @@ public:
     QIcon mExpandIcon;
     // Set while the browser is destroyed: rows no longer follow the framework.
     bool mDestroying = false;
+    // Rows that are to be expanded and have no children yet. Qt keeps every expanded row as
+    // a persistent index, which each insertion and removal of a row walks; so a row is only
+    // expanded in the tree once it has a child to show.
+    QSet<QTreeWidgetItem *> mExpandWhenFilled;
+    // Rows of multi-line texts, whose height follows the width of the value column.
+    int mMultiLineRows = 0;
+    void setExpanded(QTreeWidgetItem *item, bool expanded);
+    bool isExpanded(QTreeWidgetItem *item) const;
 
 public slots:
     void slotCollapsed(const QModelIndex &index);
@@ -112,6 +122,10 @@ private:
     mutable bool mDisablePainting = false;
     // The row being painted, for drawDecoration.
     mutable QtProperty *mPaintedProperty = nullptr;
+    // Sizes of single-line cells by text, icon and font, for the font and icon size below.
+    mutable QHash<QString, QSize> mSizes;
+    mutable QFont mSizeFont;
+    mutable QSize mSizeDecoration;
 };
 
 class TreePropertyEditorView : public QTreeWidget
