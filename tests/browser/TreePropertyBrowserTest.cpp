@@ -188,6 +188,35 @@ private slots:
         QVERIFY(t.browser->saveState().contains(QByteArray("z\0z", 3)));
     }
 
+    // A row is expanded once it has children to show, unless it was collapsed before; a
+    // marked heading toggles by a click on its painted icon, and only there.
+    void expansionOfRowsThatGainChildren()
+    {
+        Tree t;
+        QtBrowserItem *name = t.item("Name");
+        QVERIFY(t.browser->isExpanded(name));
+        auto *child = t.manager->addProperty(new IntegerProperty("n", "N", 1, 0, 9), new Owner);
+        name->property()->addSubProperty(child);
+        QVERIFY(t.row("Name")->isExpanded());
+        QtBrowserItem *box = t.item("Box");
+        t.browser->setExpanded(box, false);
+        t.browser->restoreState(t.browser->saveState());
+        QVERIFY(!t.row("Box")->isExpanded());
+
+        auto *heading = t.manager->addProperty(new Property("head", "Heading"), TAutoPtr<const PropertyableObject>());
+        t.browser->addProperty(heading);
+        heading->addSubProperty(t.manager->addProperty(new IntegerProperty("m", "M", 1, 0, 9), new Owner));
+        t.browser->setRootIsDecorated(false);
+        t.browser->setPropertiesWithoutValueMarked(true);
+        QTreeWidgetItem *row = t.row("Heading");
+        QVERIFY(!row->icon(0).isNull());
+        const int y = t.tree()->visualItemRect(row).center().y();
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, QPoint(30, y));
+        QVERIFY(row->isExpanded());
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, QPoint(8, y));
+        QVERIFY(!row->isExpanded());
+    }
+
     // The browser goes while an editor is open and has the focus; then the rows' manager.
     void browserDeletedWithOpenEditor()
     {
