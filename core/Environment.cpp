@@ -11,7 +11,7 @@ Environment::Environment() : mStylesheetManager(new StylesheetManager) { }
 
 Environment::~Environment() = default;
 
-TAutoPtr<StylesheetManager> Environment::stylesheetManager()
+TAutoPtr<StylesheetManager> Environment::stylesheetManager() const
 {
     return mStylesheetManager;
 }
@@ -21,28 +21,28 @@ void Environment::setStylesheetManager(TAutoPtr<StylesheetManager> manager)
     mStylesheetManager = manager ? manager : TAutoPtr<StylesheetManager>(new StylesheetManager);
 }
 
-TAutoPtr<BrushProvider> Environment::brushProvider()
+TAutoPtr<BrushProvider> Environment::brushProvider() const
 {
     if (!mBrushProvider)
         mBrushProvider = new StandardBrushProvider;
     return mBrushProvider;
 }
 
-TAutoPtr<PenStyleProvider> Environment::penStyleProvider()
+TAutoPtr<PenStyleProvider> Environment::penStyleProvider() const
 {
     if (!mPenStyleProvider)
         mPenStyleProvider = new StandardPenStyleProvider;
     return mPenStyleProvider;
 }
 
-TAutoPtr<LineHeadStyleProvider> Environment::lineHeadStyleProvider()
+TAutoPtr<LineHeadStyleProvider> Environment::lineHeadStyleProvider() const
 {
     if (!mLineHeadStyleProvider)
         mLineHeadStyleProvider = new StandardLineHeadStyleProvider;
     return mLineHeadStyleProvider;
 }
 
-TAutoPtr<FontProvider> Environment::fontProvider()
+TAutoPtr<FontProvider> Environment::fontProvider() const
 {
     if (!mFontProvider)
         mFontProvider = new SystemFontProvider;

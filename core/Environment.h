@@ -24,15 +24,16 @@ public:
     Environment();
     ~Environment() override;
 
-    TAutoPtr<StylesheetManager> stylesheetManager();
+    TAutoPtr<StylesheetManager> stylesheetManager() const;
     void setStylesheetManager(TAutoPtr<StylesheetManager> manager);
 
     // Each provider is made on first use unless one was set; setting null goes back to the
-    // standard one.
-    virtual TAutoPtr<BrushProvider> brushProvider();
-    virtual TAutoPtr<PenStyleProvider> penStyleProvider();
-    virtual TAutoPtr<LineHeadStyleProvider> lineHeadStyleProvider();
-    virtual TAutoPtr<FontProvider> fontProvider();
+    // standard one. Queries are const: making a provider on first use changes nothing a
+    // caller can see.
+    virtual TAutoPtr<BrushProvider> brushProvider() const;
+    virtual TAutoPtr<PenStyleProvider> penStyleProvider() const;
+    virtual TAutoPtr<LineHeadStyleProvider> lineHeadStyleProvider() const;
+    virtual TAutoPtr<FontProvider> fontProvider() const;
 
     // The attribute a key has when no object or stylesheet sets it; null for unknown keys.
     virtual TAutoPtr<Attribute const> defaultAttribute(const AttributeKey &key) const;
@@ -49,11 +50,11 @@ public:
     std::list<AttributeKey> defaultAttributeKeys() const;
 
 private:
-    TAutoPtr<StylesheetManager> mStylesheetManager;
-    TAutoPtr<BrushProvider> mBrushProvider;
-    TAutoPtr<PenStyleProvider> mPenStyleProvider;
-    TAutoPtr<LineHeadStyleProvider> mLineHeadStyleProvider;
-    TAutoPtr<FontProvider> mFontProvider;
+    mutable TAutoPtr<StylesheetManager> mStylesheetManager;
+    mutable TAutoPtr<BrushProvider> mBrushProvider;
+    mutable TAutoPtr<PenStyleProvider> mPenStyleProvider;
+    mutable TAutoPtr<LineHeadStyleProvider> mLineHeadStyleProvider;
+    mutable TAutoPtr<FontProvider> mFontProvider;
     std::map<AttributeKey, TAutoPtr<Attribute const>> mDefaults;
 };
 

@@ -1,0 +1,142 @@
+#include "attributes/AttributesWidget.h"
+
+#include "core/ActivatableGroupProperty.h"
+#include "core/Translator.h"
+
+namespace TavoLib {
+
+AttributesWidgetCommon::AttributesWidgetCommon() = default;
+AttributesWidgetCommon::AttributesWidgetCommon(const AttributesWidgetCommon &other) = default;
+AttributesWidgetCommon &AttributesWidgetCommon::operator=(const AttributesWidgetCommon &other) = default;
+AttributesWidgetCommon::~AttributesWidgetCommon() = default;
+
+void AttributesWidgetCommon::setEnvironment(TAutoPtr<Environment> environment)
+{
+    mEnvironment = environment;
+}
+
+void AttributesWidgetCommon::setAttributes(const QList<AttributeKey> &keys)
+{
+    mAttributeKeys = keys;
+}
+
+AttributesWidget::AttributesWidget(QWidget *parent, const QString &title)
+    : PropertyWidget(parent, title)
+{
+}
+
+AttributesWidget::~AttributesWidget() = default;
+
+void AttributesWidget::intersectAttributes(const AttributeMap &objectAttributes)
+{
+    for (const auto &entry : objectAttributes) {
+        const TAutoPtr<const Attribute> &attribute = entry.second;
+        if (!attribute)
+            continue;
+        const auto shown = mAttributes.find(entry.first);
+        if (shown == mAttributes.end()) {
+            // The first object with this attribute gives its values.
+            mAttributes.insert(attribute);
+            TAutoPtr<PropertyDictionary> dictionary(new PropertyDictionary);
+            attribute->fillProperties(*dictionary);
+            mDictionaries[attribute] = dictionary;
+            mKeyToAttribute[attribute->key()] = attribute;
+            continue;
+        }
+        const auto stored = mDictionaries.find(shown->second);
+        if (stored == mDictionaries.end() || !stored->second)
+            continue;
+        PropertyDictionary incoming;
+        attribute->fillProperties(incoming);
+        // In step, by position: what the incoming object lacks is undefined.
+        int i = 0;
+        for (const Property::Ptr &property : *stored->second) {
+            const Property::Ptr counterpart = incoming.at(i++);
+            if (counterpart)
+                property->intersect(counterpart);
+            else
+                property->setUndefined(true);
+        }
+    }
+}
+
+void AttributesWidget::createProperties()
+{
+    for (const AttributeKey &key : qAsConst(mAttributeKeys)) {
+        TAutoPtr<const Attribute> attribute = mKeyToAttribute[key];
+        auto entry = attribute ? mDictionaries.find(attribute) : mDictionaries.end();
+        if (entry == mDictionaries.end()) {
+            // No selected object has it: its default, all undefined. An environment that
+            // has no default for the key shows no rows for it.
+            attribute = mEnvironment ? mEnvironment->defaultAttribute(key) : TAutoPtr<const Attribute>();
+            if (!attribute)
+                continue;
+            mAttributes.insert(attribute);
+            TAutoPtr<PropertyDictionary> dictionary(new PropertyDictionary);
+            attribute->fillProperties(*dictionary);
+            for (const Property::Ptr &property : *dictionary)
+                property->setUndefined(true);
+            entry = mDictionaries.emplace(attribute, dictionary).first;
+            mKeyToAttribute[attribute->key()] = attribute;
+        }
+        insertPropertyableObjectWithProperties(attribute, *entry->second, nullptr);
+    }
+}
+
+void AttributesWidget::loadValues()
+{
+    mDictionaries.clear();
+    mAttributes.clear();
+    mOriginalAttributes.clear();
+    mKeyToAttribute.clear();
+    clearProperties();
+    loadAttributes();
+    createProperties();
+}
+
+bool AttributesWidget::checkValues()
+{
+    return true;
+}
+
+void AttributesWidget::saveValues()
+{
+    restoreValues();
+    saveAttributes(changedItems());
+}
+
+void AttributesWidget::restoreValues()
+{
+}
+
+void AttributesWidget::saveAttributes(const std::list<TAutoPtr<const PropertyWidgetItem>> &)
+{
+}
+
+AttributesWidgetCommon::AttributesState AttributesWidget::attributesState()
+{
+    const std::list<TAutoPtr<const PropertyWidgetItem>> shown = items();
+    if (shown.size() != 1 || !shown.front()->properties() || shown.front()->properties()->size() != 1)
+        return NotActive;
+    const TAutoPtr<const ActivatableGroupProperty> group(shown.front()->properties()->at(0));
+    if (!group)
+        return NotActive;
+    if (group->isDefined() && group->isActive())
+        return Active;
+    return group->isUndefined() ? Undefined : NotActive;
+}
+
+void AttributesWidget::setEnvironment(TAutoPtr<Environment> environment)
+{
+    AttributesWidgetCommon::setEnvironment(environment);
+    if (environment) {
+        setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
+        setStylesheetManager(environment->stylesheetManager());
+        setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
+        setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
+        setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
+    }
+    setTranslator(Translator::defaultTranslator());
+}
+
+} // namespace TavoLib
