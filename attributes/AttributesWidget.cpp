@@ -1,9 +1,26 @@
 #include "attributes/AttributesWidget.h"
 
 #include "core/ActivatableGroupProperty.h"
+#include "core/GroupProperty.h"
 #include "core/Translator.h"
 
 namespace TavoLib {
+
+namespace {
+
+// An editor shows a value as undefined (an empty field, a blank entry) only when the value
+// may be undefined; a value the objects differ in must show so, not as the first entry.
+void allowUndefined(const PropertyDictionary &dictionary)
+{
+    for (const Property::Ptr &property : dictionary) {
+        if (property->isUndefined())
+            property->setUndefinable(true);
+        if (TAutoPtr<GroupProperty> group{ property })
+            allowUndefined(*group);
+    }
+}
+
+} // namespace
 
 AttributesWidgetCommon::AttributesWidgetCommon() = default;
 AttributesWidgetCommon::AttributesWidgetCommon(const AttributesWidgetCommon &other) = default;
@@ -79,6 +96,7 @@ void AttributesWidget::createProperties()
             entry = mDictionaries.emplace(attribute, dictionary).first;
             mKeyToAttribute[attribute->key()] = attribute;
         }
+        allowUndefined(*entry->second);
         insertPropertyableObjectWithProperties(attribute, *entry->second, nullptr);
     }
 }
