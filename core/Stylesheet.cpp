@@ -1,5 +1,7 @@
 #include "core/Stylesheet.h"
 
+#include <vector>
+
 namespace TavoLib {
 
 Stylesheet::Stylesheet(const QString &type, const QString &name, const QString &displayText,
@@ -25,9 +27,15 @@ AttributeMap Stylesheet::attributes(bool inherited) const
 {
     if (!inherited || !mParent)
         return mAttributes;
-    AttributeMap all = mParent->attributes(true);
-    for (const auto &entry : mAttributes)
-        all[entry.first] = entry.second;
+    // From the farthest parent down, each level's own attributes over those above it; a loop
+    // rather than a recursion, so a long chain of parents needs no deep stack.
+    std::vector<const Stylesheet *> chain;
+    for (const Stylesheet *s = this; s; s = s->mParent.get())
+        chain.push_back(s);
+    AttributeMap all;
+    for (auto it = chain.rbegin(); it != chain.rend(); ++it)
+        for (const auto &entry : (*it)->mAttributes)
+            all[entry.first] = entry.second;
     return all;
 }
 

@@ -9,12 +9,14 @@
 #include "core/ActivatableGroupProperty.h"
 #include "core/BrushProperty.h"
 #include "core/UnitValueProperty.h"
+#include "sample/SampleAttribute.h"
 #include "sample/SampleObject.h"
 #include "sample/SampleSchema.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -96,9 +98,17 @@ public:
     bool failCheck = false;
 
 protected:
-    void loadWidgetValues(QWidget *widget) override { dynamic_cast<AttributesWidgetCommon &>(*widget).loadValues(); }
+    void loadWidgetValues(QWidget *widget) override
+    {
+        if (auto *page = dynamic_cast<AttributesWidgetCommon *>(widget))
+            page->loadValues();
+    }
     bool checkWidgetValues(QWidget *) override { return !failCheck; }
-    void saveWidgetValues(QWidget *widget) override { dynamic_cast<AttributesWidgetCommon &>(*widget).saveValues(); }
+    void saveWidgetValues(QWidget *widget) override
+    {
+        if (auto *page = dynamic_cast<AttributesWidgetCommon *>(widget))
+            page->saveValues();
+    }
 };
 
 QLineEdit *widthField(QWidget *page)
@@ -213,6 +223,44 @@ private slots:
         });
         dialog.exec();
         QCOMPARE(TAutoPtr<UnitValueProperty>(valueOf(frame, kLine, "width"))->value().value(), before);
+    }
+
+    // No default for a listed key, no key at all, no object, a page that is no attributes
+    // page, a long chain of parent stylesheets: each gives a clear result.
+    void badInput()
+    {
+        TAutoPtr<Environment> bare(new Environment);
+        SelectionPage noDefaults({}, { kFill, kLine });
+        noDefaults.setEnvironment(bare);
+        noDefaults.loadValues();
+        QVERIFY(noDefaults.items().empty());
+
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        Sample::SampleSchema::registerDefaultAttributes(*env);
+        SelectionPage noKeys({ SampleObject::create("TextFrame", "frame") }, {});
+        noKeys.setEnvironment(env);
+        noKeys.loadValues();
+        noKeys.saveValues();
+        QVERIFY(noKeys.items().empty());
+        SelectionPage noObjects({}, { kFill });
+        noObjects.setEnvironment(env);
+        noObjects.loadValues();
+        QVERIFY(noObjects.items().front()->properties()->at(0)->isUndefined());
+
+        Dialog dialog(AttributesDialog::PageTree);
+        dialog.addWidget(dialog.addTab("Note"), new QLabel("not a page of attributes"));
+        QTimer::singleShot(0, this, [&] {
+            QTest::mouseClick(dialog.mPreview, Qt::LeftButton, {}, QPoint(5, dialog.mPreview->height() / 2));
+            dialog.reject();
+        });
+        dialog.exec();
+
+        Stylesheet::Ptr sheet(new Stylesheet("Paragraph", "root"));
+        sheet->insertAttribute(Sample::SampleAttribute::create(kFill));
+        for (int i = 0; i < 3000; ++i)
+            sheet = new Stylesheet("Paragraph", QStringLiteral("s%1").arg(i), QString(), sheet);
+        QCOMPARE(int(sheet->attributes(true).size()), 1);
+        QVERIFY(!sheet->setParent(sheet));
     }
 };
 
