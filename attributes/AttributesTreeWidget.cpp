@@ -22,6 +22,12 @@ ViewProperty *viewOf(QtProperty *property)
     return dynamic_cast<ViewProperty *>(property);
 }
 
+// The attribute a row stands for, or null for a heading and a row of another kind.
+TAutoPtr<const Attribute> attributeOf(ViewProperty *view)
+{
+    return view ? TAutoPtr<const Attribute>(view->owner()) : TAutoPtr<const Attribute>();
+}
+
 // Takes a row that has left the browser out of its manager, with the rows below it. Rows
 // are replaced on every change of the selection, so keeping them would grow without end.
 void deleteRow(QtProperty *property)
@@ -360,7 +366,7 @@ void AttributesTreeWidget::activateAttributes(const AttributeMap &attributes)
         ViewProperty *view = first ? viewOf(first->property()) : nullptr;
         if (!view || view->isUndefined() == absent)
             continue;
-        replaceAttribute(key, TAutoPtr<const Attribute>(view->owner()), absent);
+        replaceAttribute(key, attributeOf(view), absent);
     }
 }
 
@@ -371,8 +377,7 @@ void AttributesTreeWidget::propertyChanged(QtProperty *property)
     if (mRebuilding > 0)
         return;
     ViewProperty *view = viewOf(property);
-    const TAutoPtr<const Attribute> attribute = view ? TAutoPtr<const Attribute>(view->owner())
-                                                     : TAutoPtr<const Attribute>();
+    const TAutoPtr<const Attribute> attribute = attributeOf(view);
     if (!attribute)
         return;
     const auto dictionary = mDictionaries.find(attribute->key());
@@ -419,8 +424,7 @@ void AttributesTreeWidget::resolveUndefinedProperty(QtProperty *property)
     if (!isPropertyValid(property) || !mEnvironment)
         return;
     ViewProperty *view = viewOf(property);
-    const TAutoPtr<const Attribute> attribute = view ? TAutoPtr<const Attribute>(view->owner())
-                                                     : TAutoPtr<const Attribute>();
+    const TAutoPtr<const Attribute> attribute = attributeOf(view);
     if (!attribute)
         return;
     const AttributeKey key = attribute->key();

@@ -5,6 +5,7 @@
 // own. The palette, with 1,000 rows of 200 attributes, is handed an equal selection, and a
 // selection in which one attribute differs.
 #include "WidgetBenchMain.h"
+#include "sample/EmptyObject.h"
 #include "attributes/AttributesTreeWidget.h"
 #include "browser/TreePropertyBrowser.h"
 #include "browser/ViewEditorFactory.h"
@@ -22,13 +23,6 @@
 using namespace TavoLib;
 
 namespace {
-
-struct Owner : PropertyableObject
-{
-    TAutoPtr<PropertyableObject> clone() const override { return new Owner; }
-    void applyProperties(const PropertyDictionary &) override { }
-    void fillProperties(PropertyDictionary &) const override { }
-};
 
 TAutoPtr<Environment> environment()
 {
@@ -94,7 +88,7 @@ void BM_TreeBrowser(benchmark::State &state)
         PropertyDictionary values = rows(n, grouped);
         state.ResumeTiming();
         auto *b = new Browser;
-        b->manager->addProperties(values, new Owner);
+        b->manager->addProperties(values, new Sample::EmptyObject);
         b->browser.show();
         QApplication::processEvents();
         b->browser.grab();
@@ -159,7 +153,7 @@ void BM_TreeRemove3000(benchmark::State &state)
         state.PauseTiming();
         PropertyDictionary values = rows(3000, false);
         auto *b = new Browser;
-        b->manager->addProperties(values, new Owner);
+        b->manager->addProperties(values, new Sample::EmptyObject);
         b->browser.show();
         QApplication::processEvents();
         state.ResumeTiming();

@@ -51,19 +51,8 @@ protected:
     {
         for (const auto &item : changed) {
             const TAutoPtr<const Attribute> edited(item->propertiesOwner());
-            for (const Sample::SampleObject::Ptr &object : mObjects) {
-                const auto own = object->attributes().find(edited->key());
-                if (own == object->attributes().end())
-                    continue;
-                PropertyDictionary values;
-                own->second->fillProperties(values);
-                for (const Property::Ptr &value : *item->properties())
-                    if (!value->isUndefined())
-                        values.insertProperty(value->clone());
-                TAutoPtr<Attribute> copy(own->second->clone());
-                copy->applyProperties(values);
-                object->setAttribute(copy);
-            }
+            for (const Sample::SampleObject::Ptr &object : mObjects)
+                object->takeSetValues(*edited, *item->properties());
         }
     }
 

@@ -81,22 +81,12 @@ protected:
 
     void attributeChanged(TAutoPtr<const Attribute> attribute) override
     {
-        for (const Sample::SampleObject::Ptr &object : mSelection()) {
-            TAutoPtr<Attribute> copy(attribute->clone());
-            // Only the values the user set: the undefined ones keep each object's own.
-            const auto own = object->attributes().find(attribute->key());
-            if (own != object->attributes().end()) {
-                PropertyDictionary edited;
-                attribute->fillProperties(edited);
-                PropertyDictionary values;
-                own->second->fillProperties(values);
-                for (const Property::Ptr &value : edited)
-                    if (!value->isUndefined())
-                        values.insertProperty(value);
-                copy->applyProperties(values);
-            }
-            object->setAttribute(copy);
-        }
+        // Only the values the user set: the undefined ones keep each object's own.
+        PropertyDictionary edited;
+        attribute->fillProperties(edited);
+        for (const Sample::SampleObject::Ptr &object : mSelection())
+            if (!object->takeSetValues(*attribute, edited))
+                object->setAttribute(attribute);
         selectionChanged();
     }
 

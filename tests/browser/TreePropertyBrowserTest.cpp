@@ -4,6 +4,7 @@
 // is open.
 #include "TestEnvironment.h"
 #include "TestRegistry.h"
+#include "sample/EmptyObject.h"
 #include "browser/TreePropertyBrowser.h"
 #include "browser/ViewEditorFactory.h"
 #include "browser/ViewProperty.h"
@@ -27,13 +28,6 @@ using namespace TavoLib;
 
 namespace {
 
-struct Owner : PropertyableObject
-{
-    TAutoPtr<PropertyableObject> clone() const override { return new Owner; }
-    void applyProperties(const PropertyDictionary &) override { }
-    void fillProperties(PropertyDictionary &) const override { }
-};
-
 // A browser over a group "Box" (Shown, Count) and a string "Name", on screen.
 struct Tree
 {
@@ -54,7 +48,7 @@ struct Tree
         PropertyDictionary rows;
         rows.insertProperty(new GroupProperty("box", "Box", box));
         rows.insertProperty(name);
-        manager->addProperties(rows, new Owner);
+        manager->addProperties(rows, new Sample::EmptyObject);
         browser->resize(400, 300);
         browser->show();
         QApplication::setActiveWindow(browser);
@@ -195,7 +189,7 @@ private slots:
         Tree t;
         QtBrowserItem *name = t.item("Name");
         QVERIFY(t.browser->isExpanded(name));
-        auto *child = t.manager->addProperty(new IntegerProperty("n", "N", 1, 0, 9), new Owner);
+        auto *child = t.manager->addProperty(new IntegerProperty("n", "N", 1, 0, 9), new Sample::EmptyObject);
         name->property()->addSubProperty(child);
         QVERIFY(t.row("Name")->isExpanded());
         QtBrowserItem *box = t.item("Box");
@@ -205,7 +199,7 @@ private slots:
 
         auto *heading = t.manager->addProperty(new Property("head", "Heading"), TAutoPtr<const PropertyableObject>());
         t.browser->addProperty(heading);
-        heading->addSubProperty(t.manager->addProperty(new IntegerProperty("m", "M", 1, 0, 9), new Owner));
+        heading->addSubProperty(t.manager->addProperty(new IntegerProperty("m", "M", 1, 0, 9), new Sample::EmptyObject));
         t.browser->setRootIsDecorated(false);
         t.browser->setPropertiesWithoutValueMarked(true);
         QTreeWidgetItem *row = t.row("Heading");

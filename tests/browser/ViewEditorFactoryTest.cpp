@@ -3,6 +3,7 @@
 // forgotten.
 #include "RecordingPropertyBrowser.h"
 #include "TestRegistry.h"
+#include "sample/EmptyObject.h"
 #include "browser/ViewEditorFactory.h"
 #include "core/IntegerProperty.h"
 #include "core/SelectorProperty.h"
@@ -13,17 +14,6 @@
 #include <QTest>
 
 using namespace TavoLib;
-
-namespace {
-
-struct Owner : PropertyableObject
-{
-    TAutoPtr<PropertyableObject> clone() const override { return new Owner; }
-    void applyProperties(const PropertyDictionary &) override { }
-    void fillProperties(PropertyDictionary &) const override { }
-};
-
-} // namespace
 
 class ViewEditorFactoryTest : public QObject
 {
@@ -40,7 +30,7 @@ private slots:
         connect(manager, &QtAbstractPropertyManager::propertyChanged, this,
             [&](QtProperty *p) { rowChanged << p; });
         IntegerProperty::Ptr count(new IntegerProperty("count", "Count", 3, 0, 9));
-        ViewProperty *row = manager->addProperty(count, new Owner);
+        ViewProperty *row = manager->addProperty(count, new Sample::EmptyObject);
         QWidget parent;
         QWidget *editor = factory.createEditor(row, &parent);
         QVERIFY(editor);
@@ -78,7 +68,7 @@ private slots:
         SelectorProperty::Ptr align(new SelectorProperty("align", "Align"));
         align->addItem(1, "Left");
         align->addItem(2, "Right");
-        ViewProperty *row = manager->addProperty(align, new Owner);
+        ViewProperty *row = manager->addProperty(align, new Sample::EmptyObject);
         row->setUndefined(true);
         QWidget parent;
         auto *combo = qobject_cast<QComboBox *>(factory.createEditor(row, &parent));

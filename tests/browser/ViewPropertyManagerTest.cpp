@@ -4,6 +4,7 @@
 #include "RecordingPropertyBrowser.h"
 #include "TestEnvironment.h"
 #include "TestRegistry.h"
+#include "sample/EmptyObject.h"
 #include "browser/ViewPropertyManager.h"
 #include "core/ActivatableGroupProperty.h"
 #include "core/BoolProperty.h"
@@ -19,13 +20,6 @@
 using namespace TavoLib;
 
 namespace {
-
-struct Owner : PropertyableObject
-{
-    TAutoPtr<PropertyableObject> clone() const override { return new Owner; }
-    void applyProperties(const PropertyDictionary &) override { }
-    void fillProperties(PropertyDictionary &) const override { }
-};
 
 QStringList names(const QtProperty *row)
 {
@@ -46,7 +40,7 @@ private slots:
     {
         RecordingPropertyBrowser browser;
         ViewPropertyManager manager(&browser);
-        TAutoPtr<const PropertyableObject> owner(new Owner);
+        TAutoPtr<const PropertyableObject> owner(new Sample::EmptyObject);
 
         PropertyDictionary shadow;
         shadow.insertProperty(new IntegerProperty("blur", "Blur"));
@@ -99,7 +93,7 @@ private slots:
         ViewPropertyManager manager(&browser);
         TavoTest::TestEnvironment env;
         manager.setBrushProvider(env.testBrushProvider());
-        TAutoPtr<const PropertyableObject> owner(new Owner);
+        TAutoPtr<const PropertyableObject> owner(new Sample::EmptyObject);
 
         BoolProperty::Ptr flag(new BoolProperty("flag", "Flag", true));
         ViewProperty *row = manager.addProperty(flag, owner);

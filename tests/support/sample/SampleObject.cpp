@@ -34,6 +34,22 @@ void SampleObject::setAttribute(TAutoPtr<TavoLib::Attribute const> attribute)
         mAttributes.insert(attribute);
 }
 
+bool SampleObject::takeSetValues(const TavoLib::Attribute &edited, const TavoLib::PropertyDictionary &values)
+{
+    const auto own = mAttributes.find(edited.key());
+    if (own == mAttributes.end())
+        return false;
+    TavoLib::PropertyDictionary merged;
+    own->second->fillProperties(merged);
+    for (const TavoLib::Property::Ptr &value : values)
+        if (!value->isUndefined())
+            merged.insertProperty(value->clone());
+    TAutoPtr<TavoLib::Attribute> copy(own->second->clone());
+    copy->applyProperties(merged);
+    mAttributes.insert(copy);
+    return true;
+}
+
 TAutoPtr<TavoLib::PropertyableObject> SampleObject::clone() const
 {
     return new SampleObject(*this);

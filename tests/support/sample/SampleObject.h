@@ -30,6 +30,9 @@ public:
     // The attributes applied to the object, by key.
     const TavoLib::AttributeMap &attributes() const { return mAttributes; }
     void setAttribute(TAutoPtr<TavoLib::Attribute const> attribute);
+    // Takes the values an edit of several objects set (the defined ones) into this object's
+    // own attribute of that key; the others keep this object's values. False without one.
+    bool takeSetValues(const TavoLib::Attribute &edited, const TavoLib::PropertyDictionary &values);
 
     TAutoPtr<TavoLib::PropertyableObject> clone() const override;
     void fillProperties(TavoLib::PropertyDictionary &properties) const override;
