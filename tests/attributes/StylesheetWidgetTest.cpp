@@ -6,8 +6,12 @@
 #include "attributes/PropertyInfoGenerator.h"
 #include "attributes/StylesheetBasedWidgetGroupWidget.h"
 #include "attributes/WidgetController.h"
+#include "sample/SampleAttribute.h"
+#include "sample/SampleSchema.h"
 #include "core/ActivatableGroupProperty.h"
 #include "core/BoolProperty.h"
+#include "core/ExtendedSelectorProperty.h"
+#include "core/TavoLibKey.h"
 #include "core/UnitValueProperty.h"
 
 #include <QApplication>
@@ -126,6 +130,37 @@ private slots:
         late.loadValues();
         late.saveValues();
         QVERIFY(late.checkValues() && late.attributeKeys().isEmpty() && late.title().isEmpty());
+    }
+
+    // A plain group is offered as a selector of one entry, "Yes", and goes back into the
+    // attribute as the group when saved.
+    void groupsAsOneEntrySelectors()
+    {
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        Sample::SampleSchema::registerDefaultAttributes(*env);
+        const AttributeKey paragraph("Paragraph");
+        Stylesheet::Ptr sheet(new Stylesheet("Paragraph", "Body"));
+        sheet->insertAttribute(Sample::SampleAttribute::create(paragraph));
+        StylesheetBasedWidget panel(nullptr, "Paragraph");
+        panel.setAttributeKeys({ paragraph });
+        panel.loadValues(sheet, env);
+        const TAutoPtr<const ExtendedSelectorProperty> selector(
+            panel.items().front()->properties()->property("hyphenation"));
+        QVERIFY(selector && selector->current());
+        QCOMPARE(selector->current()->uniqueName(), TavoLibKey::tr("Stylesheets", "Yes"));
+        panel.show();
+        QLineEdit *indent = fieldOf(&panel, QStringLiteral("0mm"));
+        QVERIFY(indent);
+        indent->setFocus();
+        indent->selectAll();
+        QTest::keyClicks(indent, "4mm");
+        QTest::keyClick(indent, Qt::Key_Return);
+        QCOMPARE(int(panel.changedItems().size()), 1);
+        panel.saveValues();
+        PropertyDictionary saved;
+        sheet->attributes(false).at(paragraph)->fillProperties(saved);
+        QVERIFY(TAutoPtr<const ActivatableGroupProperty>(saved.property("hyphenation")));
+        QCOMPARE(saved.property("leftIndent")->toString(), QStringLiteral("4mm"));
     }
 
     void propertyText()
