@@ -362,8 +362,10 @@ void AttributesTreeWidget::activateAttributes(const AttributeMap &attributes)
         keys.push_back(entry.first);
     for (const AttributeKey &key : keys) {
         const bool absent = attributes.find(key) == attributes.end();
-        QtBrowserItem *first = firstRow(key);
-        ViewProperty *view = first ? viewOf(first->property()) : nullptr;
+        // The rows of an attribute share its owner and undefined state: any one tells. The
+        // first on screen is looked for only when the rows are rebuilt.
+        const std::set<QtBrowserItem *> &rows = mItems[key];
+        ViewProperty *view = rows.empty() ? nullptr : viewOf((*rows.begin())->property());
         if (!view || view->isUndefined() == absent)
             continue;
         replaceAttribute(key, attributeOf(view), absent);

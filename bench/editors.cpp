@@ -77,12 +77,8 @@ std::vector<Property::Ptr> mixed(int n)
             for (const auto &child : *group)
                 visit(child);
     };
-    for (const QString &type : Sample::SampleSchema::objectTypes())
-        for (const auto &p : Sample::SampleSchema::objectSchema(type, providers().stylesheets))
-            visit(p);
-    for (const AttributeKey &key : Sample::SampleSchema::allAttributeKeys())
-        for (const auto &p : Sample::SampleSchema::attributeSchema(key))
-            visit(p);
+    for (const auto &p : Sample::SampleSchema::allSchemas(providers().stylesheets))
+        visit(p);
     std::vector<Property::Ptr> result;
     for (int i = 0; i < n; ++i) {
         Property::Ptr p = pool[size_t(i) % pool.size()]->clone();

@@ -66,12 +66,8 @@ std::vector<Property::Ptr> pool()
         }
         leaves.push_back(p);
     };
-    for (const QString &type : Sample::SampleSchema::objectTypes())
-        for (const auto &p : Sample::SampleSchema::objectSchema(type, stylesheets))
-            visit(p);
-    for (const AttributeKey &key : Sample::SampleSchema::allAttributeKeys())
-        for (const auto &p : Sample::SampleSchema::attributeSchema(key))
-            visit(p);
+    for (const auto &p : Sample::SampleSchema::allSchemas(stylesheets))
+        visit(p);
     return leaves;
 }
 

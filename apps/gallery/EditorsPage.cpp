@@ -35,12 +35,8 @@ std::vector<Property::Ptr> oneOfEachKind(TAutoPtr<StylesheetManager const> style
             for (const auto &child : *group)
                 visit(child);
     };
-    for (const QString &type : Sample::SampleSchema::objectTypes())
-        for (const auto &p : Sample::SampleSchema::objectSchema(type, stylesheets))
-            visit(p);
-    for (const AttributeKey &key : Sample::SampleSchema::allAttributeKeys())
-        for (const auto &p : Sample::SampleSchema::attributeSchema(key))
-            visit(p);
+    for (const auto &p : Sample::SampleSchema::allSchemas(stylesheets))
+        visit(p);
     std::vector<Property::Ptr> result;
     for (const char *kind : { "Integer", "String", "Selector", "Stylesheet", "ExtendedSelector",
              "ActivatableGroup", "List", "Bool", "CustomColor", "Brush", "PenStyle", "LineHeadStyle",

@@ -268,6 +268,18 @@ TAutoPtr<StylesheetManager> makeStylesheets()
     return manager;
 }
 
+std::vector<Property::Ptr> allSchemas(TAutoPtr<StylesheetManager const> stylesheets)
+{
+    std::vector<Property::Ptr> all;
+    for (const QString &type : objectTypes())
+        for (const auto &p : objectSchema(type, stylesheets))
+            all.push_back(p);
+    for (const AttributeKey &key : allAttributeKeys())
+        for (const auto &p : attributeSchema(key))
+            all.push_back(p);
+    return all;
+}
+
 void registerDefaultAttributes(Environment &environment)
 {
     for (const AttributeKey &key : allAttributeKeys())

@@ -10,6 +10,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <vector>
 
 namespace Sample {
 
@@ -21,6 +22,8 @@ TavoLib::PropertyDictionary objectSchema(const QString &type,
 QList<TavoLib::AttributeKey> attributeKeys(const QString &type);
 QList<TavoLib::AttributeKey> allAttributeKeys();
 TavoLib::PropertyDictionary attributeSchema(const TavoLib::AttributeKey &key);
+// The top-level properties of every object type, then of every attribute key, in order.
+std::vector<TavoLib::Property::Ptr> allSchemas(TAutoPtr<TavoLib::StylesheetManager const> stylesheets);
 
 // The stylesheets of the sample document: several types, display texts and parents.
 TAutoPtr<TavoLib::StylesheetManager> makeStylesheets();
