@@ -32,7 +32,19 @@ class Ta_UnitEdit;
 
 namespace TavoLib {
 
+class ActivatableGroupProperty;
+class BoolProperty;
+class BrushProperty;
+class CustomColorProperty;
+class ExtendedSelectorProperty;
 class FontProperty;
+class FontSizeProperty;
+class IntegerProperty;
+class LineHeadStyleProperty;
+class ListProperty;
+class PenStyleProperty;
+class SelectorProperty;
+class StylesheetProperty;
 class UnitValueProperty;
 class UnitValueSelectorProperty;
 
@@ -42,10 +54,10 @@ class TAVOLIBGUI_EXPORT PropertyEditorFactory : public QObject
 public:
     // The look of a whole family of editors.
     enum WidgetsTheme {
-        WidgetsThemeTree = 0,    // flat check boxes, a list as a size spin box, no read-only text
-        WidgetsThemeForm = 1,    // plain form controls (the default)
+        WidgetsThemeTree = 0, // flat check boxes, a list as a size spin box, no read-only text
+        WidgetsThemeForm = 1, // plain form controls (the default)
         WidgetsThemeCompact = 2, // booleans and selector buttons as small tool buttons
-        WidgetsThemeCombo = 3    // selector combo boxes with the library's popup
+        WidgetsThemeCombo = 3 // selector combo boxes with the library's popup
     };
     Q_ENUM(WidgetsTheme)
 
@@ -141,19 +153,75 @@ private:
 
     QString translate(const QString &text) const;
     void registerEditor(QWidget *editor, EditorMap &editors, TAutoPtr<Property> property);
-    QMenu *createPredefinesMenu(
-        const QList<StringProperty::PredefineItem> &items, QWidget *parent);
+    QMenu *createPredefinesMenu(const QList<StringProperty::PredefineItem> &items, QWidget *parent);
     QComboBox *CreateUnitValueComboBox(
         TAutoPtr<UnitValueProperty> property, QLineEdit *edit, QWidget *parent);
     void createFontEditors(TAutoPtr<FontProperty> property, QWidget *parent, QWidget *&family,
         QWidget *&style, QWidget *&third);
 
+    // Making an editor: one dispatch in the fixed order of the kinds, one maker per kind,
+    // each in the file of its family (plain, choice, style, measure).
     QWidget *makeEditor(TAutoPtr<Property> property, QWidget *parent, EditorMap &editors);
+    QWidget *makeIntegerEditor(
+        TAutoPtr<IntegerProperty> integer, QWidget *parent, EditorMap &editors);
+    QWidget *makeStringEditor(TAutoPtr<StringProperty> string, QWidget *parent, EditorMap &editors);
+    QWidget *makeReadOnlyStringEditor(
+        TAutoPtr<StringProperty> string, QWidget *parent, EditorMap &editors);
+    QWidget *makeSelectorButtons(
+        TAutoPtr<SelectorProperty> selector, QWidget *parent, EditorMap &editors);
+    QWidget *makeSelectorMenuButton(
+        TAutoPtr<SelectorProperty> selector, QWidget *parent, EditorMap &editors);
+    QWidget *makeSelectorCombo(
+        TAutoPtr<SelectorProperty> selector, QWidget *parent, EditorMap &editors);
+    QWidget *makeStylesheetEditor(
+        TAutoPtr<StylesheetProperty> stylesheet, QWidget *parent, EditorMap &editors);
+    QWidget *makeExtendedSelectorEditor(
+        TAutoPtr<ExtendedSelectorProperty> extended, QWidget *parent, EditorMap &editors);
+    QWidget *makeActivatableGroupEditor(
+        TAutoPtr<ActivatableGroupProperty> activatable, QWidget *parent, EditorMap &editors);
+    QWidget *makeListEditor(TAutoPtr<ListProperty> list, QWidget *parent, EditorMap &editors);
+    QWidget *makeBoolEditor(TAutoPtr<BoolProperty> boolean, QWidget *parent, EditorMap &editors);
+    QWidget *makeCustomColorEditor(
+        TAutoPtr<CustomColorProperty> color, QWidget *parent, EditorMap &editors);
+    QWidget *makeBrushEditor(TAutoPtr<BrushProperty> brush, QWidget *parent, EditorMap &editors);
+    QWidget *makePenStyleEditor(
+        TAutoPtr<PenStyleProperty> pen, QWidget *parent, EditorMap &editors);
+    QWidget *makeLineHeadStyleEditor(
+        TAutoPtr<LineHeadStyleProperty> head, QWidget *parent, EditorMap &editors);
+    QWidget *makeFontEditor(TAutoPtr<FontProperty> font, QWidget *parent, EditorMap &editors);
+    QWidget *makeFontSizeEditor(
+        TAutoPtr<FontSizeProperty> size, QWidget *parent, EditorMap &editors);
+    QWidget *makeUnitValueEditor(
+        TAutoPtr<UnitValueProperty> measure, QWidget *parent, EditorMap &editors);
+    QWidget *makeUnitValueSelectorEditor(
+        TAutoPtr<UnitValueSelectorProperty> measures, QWidget *parent, EditorMap &editors);
+    bool isFormTheme() const;
+    int gapWidth() const;
     QComboBox *newCombo(QWidget *parent, bool selectorCombo) const;
     void fillMeasureSelector(
         TAutoPtr<UnitValueSelectorProperty> property, MyDoubleSpinBox *spin, QComboBox *combo);
-    void applyValues(
-        TAutoPtr<Property> property, const QList<QWidget *> &widgets);
+
+    // Applying a value: one dispatch in the fixed order of the apply, one step per kind.
+    void applyValues(TAutoPtr<Property> property, const QList<QWidget *> &widgets);
+    void applyFontSize(TAutoPtr<FontSizeProperty> size, const QList<QWidget *> &widgets);
+    void applyBool(TAutoPtr<BoolProperty> boolean, const QList<QWidget *> &widgets);
+    void applyString(TAutoPtr<StringProperty> string, const QList<QWidget *> &widgets);
+    void applyUnitValue(TAutoPtr<UnitValueProperty> measure, const QList<QWidget *> &widgets);
+    void applyUnitValueSelector(
+        TAutoPtr<UnitValueSelectorProperty> measures, const QList<QWidget *> &widgets);
+    void applySelector(TAutoPtr<SelectorProperty> selector, const QList<QWidget *> &widgets);
+    void applyExtendedSelector(
+        TAutoPtr<ExtendedSelectorProperty> extended, const QList<QWidget *> &widgets);
+    void applyBrush(TAutoPtr<BrushProperty> brush, const QList<QWidget *> &widgets);
+    void applyPenStyle(TAutoPtr<PenStyleProperty> pen, const QList<QWidget *> &widgets);
+    void applyLineHeadStyle(TAutoPtr<LineHeadStyleProperty> head, const QList<QWidget *> &widgets);
+    void applyFont(TAutoPtr<FontProperty> font, const QList<QWidget *> &widgets);
+    void applyInteger(TAutoPtr<IntegerProperty> integer, const QList<QWidget *> &widgets);
+    void applyStylesheet(TAutoPtr<StylesheetProperty> stylesheet, const QList<QWidget *> &widgets);
+    void applyActivatableGroup(
+        TAutoPtr<ActivatableGroupProperty> activatable, const QList<QWidget *> &widgets);
+    void applyList(TAutoPtr<ListProperty> list, const QList<QWidget *> &widgets);
+    void applyCustomColor(TAutoPtr<CustomColorProperty> color, const QList<QWidget *> &widgets);
     void fontPropertyChanged();
     TAutoPtr<Property> toProperty(QWidget *editor) const;
     TAutoPtr<Property> toProperty(QObject *sender) const;
@@ -191,4 +259,3 @@ private:
 };
 
 } // namespace TavoLib
-

@@ -1,0 +1,546 @@
+// The plain kinds of PropertyEditorFactory: integers, texts, booleans, switchable groups,
+// custom colours and lists; how each is made, shown again and written back.
+#include "property/PropertyEditorFactory.h"
+
+#include "property/EditorKit_p.h"
+
+#include "core/ActivatableGroupProperty.h"
+#include "core/BoolProperty.h"
+#include "core/CustomColorProperty.h"
+#include "core/IntegerProperty.h"
+#include "core/ListProperty.h"
+#include "property/ListPropertyWidget.h"
+#include "style/Device.h"
+#include "widgets/Ta_ColorView.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QTextFrame>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace TavoLib {
+
+using namespace EditorKit;
+
+QWidget *PropertyEditorFactory::makeIntegerEditor(
+    TAutoPtr<IntegerProperty> integer, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(integer);
+    const bool formTheme = isFormTheme();
+    QWidget *container = rowContainer(parent);
+    auto *layout = static_cast<QHBoxLayout *>(container->layout());
+    auto *spin = new QSpinBox(container);
+    spin->setFrame(mWithEditorFrame);
+    container->setFocusProxy(spin);
+    layout->addWidget(spin);
+    QCheckBox *box = nullptr;
+    if (integer->isUndefinable()) {
+        box = undefinedBox(container);
+        layout->addWidget(box);
+    }
+    if (formTheme) {
+        addStretch(layout);
+        spin->setMaximumWidth(80);
+    }
+    spin->setMinimum(integer->minimum());
+    spin->setMaximum(integer->maximum());
+    spin->setValue(integer->value());
+    connect(spin, QOverload<int>::of(&QSpinBox::valueChanged), this,
+        &PropertyEditorFactory::integerPropertyChanged);
+    if (box) {
+        // kept on purpose: the box only enables the spin box; the undefined state reaches
+        // the model with the next value change.
+        connect(box, &QCheckBox::toggled, spin, &QWidget::setEnabled);
+        box->setChecked(integer->isDefined());
+        spin->setEnabled(integer->isDefined());
+    }
+    registerEditor(spin, editors, property);
+    return container;
+}
+
+QWidget *PropertyEditorFactory::makeStringEditor(
+    TAutoPtr<StringProperty> string, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(string);
+    if (string->readOnly())
+        return makeReadOnlyStringEditor(string, parent, editors);
+
+    QWidget *container = rowContainer(parent);
+    auto *layout = static_cast<QHBoxLayout *>(container->layout());
+    QWidget *edit = nullptr;
+    if (!string->multiLine()) {
+        auto *line = new QLineEdit(container);
+        line->setFrame(mWithEditorFrame);
+        line->setMaxLength(string->maximumLength());
+        line->setText(string->value());
+        line->setPlaceholderText(string->placeholderText());
+        if (!string->inputMask().isEmpty())
+            line->setInputMask(string->inputMask());
+        if (string->minimumControlWidth() > 0)
+            line->setMinimumWidth(string->minimumControlWidth());
+        edit = line;
+        auto *inner = new QHBoxLayout;
+        inner->setContentsMargins(0, 0, 0, 0);
+        inner->addWidget(line);
+        if (!string->predefines().isEmpty()) {
+            auto *button = new QToolButton(container);
+            registerEditor(button, editors, property);
+            button->setPopupMode(QToolButton::InstantPopup);
+            button->setAutoRaise(true);
+            button->setMenu(createPredefinesMenu(string->predefines(), line));
+            if (string->predefinesIcon().isNull())
+                button->setArrowType(Qt::LeftArrow); // kept on purpose: a left arrow
+            else
+                button->setIcon(string->predefinesIcon());
+            connect(button, &QToolButton::triggered, this,
+                &PropertyEditorFactory::insertPredefineAction);
+            inner->addWidget(button);
+        }
+        if (string->exampleController()) {
+            auto *column = new QVBoxLayout;
+            column->setContentsMargins(0, 0, 0, 0);
+            column->addLayout(inner);
+            auto *example = new QLabel(string->exampleController()->example(string), container);
+            registerEditor(example, editors, property);
+            column->addWidget(example);
+            layout->addLayout(column);
+        } else {
+            layout->addLayout(inner);
+        }
+    } else {
+        auto *text = new QTextEdit(container);
+        text->setPlainText(string->value());
+        text->setPlaceholderText(string->placeholderText());
+        if (!mWithEditorFrame) {
+            text->setFrameShape(QFrame::NoFrame);
+            QTextFrameFormat format = text->document()->rootFrame()->frameFormat();
+            format.setLeftMargin(3.0);
+            format.setTopMargin(2.0);
+            text->document()->rootFrame()->setFrameFormat(format);
+        }
+        edit = text;
+        layout->addWidget(text);
+    }
+    container->setFocusProxy(edit);
+    QCheckBox *box = nullptr;
+    if (string->isUndefinable()) {
+        box = undefinedBox(container);
+        layout->addWidget(box);
+    }
+    if (!string->multiLine() && mWithEditorFrame)
+        addStretch(layout);
+    if (auto *text = qobject_cast<QTextEdit *>(edit)) {
+        connect(text, &QTextEdit::textChanged, this, &PropertyEditorFactory::stringPropertyChanged);
+    } else if (mLiveStringUpdates || string->exampleController()) {
+        connect(static_cast<QLineEdit *>(edit), &QLineEdit::textChanged, this,
+            &PropertyEditorFactory::stringPropertyChanged);
+    } else {
+        connect(static_cast<QLineEdit *>(edit), &QLineEdit::editingFinished, this,
+            &PropertyEditorFactory::stringPropertyChanged);
+    }
+    if (box) {
+        connect(box, &QCheckBox::toggled, edit, &QWidget::setEnabled);
+        connect(box, &QCheckBox::toggled, this, &PropertyEditorFactory::stringPropertyChanged);
+        // The box is not registered yet, so this one call finds no property and writes nothing.
+        box->setChecked(string->isDefined());
+        registerEditor(box, editors, property);
+    }
+    edit->setEnabled(string->isDefined());
+    registerEditor(edit, editors, property);
+    return container;
+}
+
+QWidget *PropertyEditorFactory::makeReadOnlyStringEditor(
+    TAutoPtr<StringProperty> string, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(string);
+    const bool formTheme = isFormTheme();
+    if (!formTheme)
+        return nullptr;
+    QWidget *container = rowContainer(parent);
+    container->layout()->setSpacing(4);
+    auto *icon = new QLabel(container);
+    icon->setObjectName(QStringLiteral("icon"));
+    const bool hasIcon = !string->iconName().isEmpty();
+    icon->setPixmap(hasIcon ? Device::pixmap(string->iconName(), Device::SizeType3) : QPixmap());
+    icon->setProperty("COLORIZEICON", string->allowColorizeIcon());
+    icon->setVisible(string->isDefined());
+    icon->setSizePolicy(QSizePolicy::Fixed, hasIcon ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    auto *text = new QLabel(translate(string->value()), container);
+    text->setObjectName(QStringLiteral("text"));
+    container->layout()->addWidget(icon);
+    container->layout()->addWidget(text);
+    registerEditor(icon, editors, property);
+    registerEditor(text, editors, property);
+    return container;
+}
+
+QMenu *PropertyEditorFactory::createPredefinesMenu(
+    const QList<StringProperty::PredefineItem> &items, QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    for (const auto &item : items) {
+        if (item.hasSubItems()) {
+            QAction *action = menu->addAction(translate(item.text));
+            action->setMenu(createPredefinesMenu(item.subItems, parent));
+        } else if (item.isSection()) {
+            menu->addSection(item.text);
+        } else if (item.isSeparator()) {
+            menu->addSeparator();
+        } else {
+            QAction *action = menu->addAction(translate(item.text));
+            action->setData(QString(item.value));
+            // Lets insertPredefineAction find the line edit from the action.
+            parent->addAction(action);
+        }
+    }
+    return menu;
+}
+
+QWidget *PropertyEditorFactory::makeActivatableGroupEditor(
+    TAutoPtr<ActivatableGroupProperty> activatable, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(activatable);
+    auto *box = new QCheckBox(parent);
+    box->setTristate(activatable->isUndefinable());
+    if (activatable->isUndefined())
+        box->setCheckState(Qt::PartiallyChecked);
+    else
+        box->setChecked(activatable->isActive());
+    connect(
+        box, &QCheckBox::stateChanged, this, &PropertyEditorFactory::activatableGroupStateChanged);
+    registerEditor(box, editors, property);
+    return box;
+}
+
+QWidget *PropertyEditorFactory::makeListEditor(
+    TAutoPtr<ListProperty> list, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(list);
+    if (mWidgetsTheme == WidgetsThemeTree) {
+        auto *spin = new QSpinBox(parent);
+        spin->setMinimum(list->minimum());
+        spin->setMaximum(list->maximum());
+        spin->setValue(list->size());
+        connect(spin, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            &PropertyEditorFactory::listSizeChanged);
+        registerEditor(spin, editors, property);
+        return spin;
+    }
+    auto *widget = new ListPropertyWidget(parent);
+    widget->setStylesheetManager(mStylesheetManager);
+    widget->setBrushProvider(mBrushProvider);
+    widget->setPenStyleProvider(mPenStyleProvider);
+    widget->setLineHeadStyleProvider(mLineHeadStyleProvider);
+    widget->setFontProvider(mFontProvider);
+    widget->setTranslator(mTranslator);
+    widget->setValues(list);
+    connect(widget, &ListPropertyWidget::propertiesChanged, this,
+        &PropertyEditorFactory::listWidgetPropertiesChanged);
+    registerEditor(widget, editors, property);
+    return widget;
+}
+
+QWidget *PropertyEditorFactory::makeBoolEditor(
+    TAutoPtr<BoolProperty> boolean, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(boolean);
+    if (mWidgetsTheme == WidgetsThemeCompact) {
+        auto *button = new QToolButton(parent);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setAutoRaise(true);
+        button->setCheckable(true);
+        button->setIcon(QIcon(Device::pixmap(boolean->icon(), Device::SizeType3)));
+        button->setIconSize(Device::size(Device::SizeType3));
+        button->setFixedSize(18, 18);
+        button->setToolTip(translate(boolean->visibleName()));
+        button->setChecked(boolean->isDefined() && boolean->on());
+        connect(button, &QToolButton::toggled, this, &PropertyEditorFactory::boolPropertyChanged);
+        registerEditor(button, editors, property);
+        return button;
+    }
+    auto *box = new QCheckBox(parent);
+    if (mWidgetsTheme == WidgetsThemeTree)
+        box->setProperty("FLAT_CHECKBOX", true);
+    box->setFocusPolicy(Qt::StrongFocus);
+    box->setTristate(boolean->isUndefinable());
+    if (boolean->isUndefined())
+        box->setCheckState(Qt::PartiallyChecked);
+    else
+        box->setChecked(boolean->on());
+    connect(box, &QCheckBox::stateChanged, this, &PropertyEditorFactory::boolPropertyChanged);
+    registerEditor(box, editors, property);
+    return box;
+}
+
+QWidget *PropertyEditorFactory::makeCustomColorEditor(
+    TAutoPtr<CustomColorProperty> color, QWidget *parent, EditorMap &editors)
+{
+    const Property::Ptr property(color);
+    QWidget *container = rowContainer(parent);
+    auto *layout = static_cast<QHBoxLayout *>(container->layout());
+    auto *view = new Ta_ColorView(container);
+    view->setFrameStyle(QFrame::StyledPanel);
+    view->setMinimumHeight(20);
+    view->setFixedWidth(80);
+    layout->addWidget(view);
+    addStretch(layout);
+    QColor shown;
+    shown.setRgbF(color->red(), color->green(), color->blue(), 1.0);
+    view->setColor(shown);
+    connect(view, &Ta_ColorView::colorChanged, this,
+        &PropertyEditorFactory::customColorPropertyChanged);
+    registerEditor(view, editors, property);
+    return container;
+}
+
+void PropertyEditorFactory::applyInteger(
+    TAutoPtr<IntegerProperty> integer, const QList<QWidget *> &widgets)
+{
+    for (QWidget *widget : widgets) {
+        auto *spin = qobject_cast<QSpinBox *>(widget);
+        if (!spin)
+            continue;
+        spin->setRange(integer->minimum(), integer->maximum());
+        spin->setValue(integer->value());
+        spin->setEnabled(integer->isDefined());
+        if (auto *box = spin->parentWidget()->findChild<QCheckBox *>())
+            box->setChecked(integer->isDefined());
+    }
+}
+
+void PropertyEditorFactory::applyString(
+    TAutoPtr<StringProperty> string, const QList<QWidget *> &widgets)
+{
+    const Property::Ptr property(string);
+    QLabel *icon = nullptr;
+    QLabel *text = nullptr;
+    for (QWidget *widget : widgets) {
+        if (widget->objectName() == QLatin1String("icon"))
+            icon = qobject_cast<QLabel *>(widget);
+        else if (widget->objectName() == QLatin1String("text"))
+            text = qobject_cast<QLabel *>(widget);
+    }
+    if (icon && text) {
+        text->setText(string->isDefined() ? translate(string->value()) : QString());
+        icon->setProperty("COLORIZEICON", string->allowColorizeIcon());
+        const bool shown = string->isDefined() && !string->iconName().isEmpty();
+        icon->setPixmap(shown ? Device::pixmap(string->iconName(), Device::SizeType3) : QPixmap());
+        icon->setVisible(shown);
+        return;
+    }
+    if (string->readOnly())
+        return;
+    if (auto *line = firstOf<QLineEdit>(widgets)) {
+        line->setMaxLength(string->maximumLength());
+        if (line->text() != string->value())
+            line->setText(string->value());
+        line->setPlaceholderText(string->placeholderText());
+        if (!string->inputMask().isEmpty())
+            line->setInputMask(string->inputMask());
+        if (string->minimumControlWidth() > 0)
+            line->setMinimumWidth(string->minimumControlWidth());
+    } else if (auto *text = firstOf<QTextEdit>(widgets)) {
+        if (text->toPlainText() != string->value())
+            text->setPlainText(string->value());
+        text->setPlaceholderText(string->placeholderText());
+    }
+    // The undefined box and the edit's enabled state follow the applied property, so
+    // that the editor shows what was applied.
+    QWidget *edit = firstOf<QLineEdit>(widgets);
+    if (!edit)
+        edit = firstOf<QTextEdit>(widgets);
+    if (auto *box = firstOf<QCheckBox>(widgets))
+        box->setChecked(string->isDefined());
+    if (edit)
+        edit->setEnabled(string->isDefined());
+}
+
+void PropertyEditorFactory::applyBool(
+    TAutoPtr<BoolProperty> boolean, const QList<QWidget *> &widgets)
+{
+    if (auto *button = qobject_cast<QToolButton *>(widgets.first())) {
+        button->setChecked(!boolean->isUndefined() && boolean->on());
+    } else if (auto *box = qobject_cast<QCheckBox *>(widgets.first())) {
+        box->setTristate(boolean->isUndefinable());
+        if (boolean->isUndefined())
+            box->setCheckState(Qt::PartiallyChecked);
+        else
+            box->setChecked(boolean->on());
+    }
+}
+
+void PropertyEditorFactory::applyActivatableGroup(
+    TAutoPtr<ActivatableGroupProperty> activatable, const QList<QWidget *> &widgets)
+{
+    if (auto *box = qobject_cast<QCheckBox *>(widgets.first())) {
+        box->setTristate(activatable->isUndefinable());
+        if (activatable->isUndefined())
+            box->setCheckState(Qt::PartiallyChecked);
+        else
+            box->setChecked(activatable->isActive());
+    }
+}
+
+void PropertyEditorFactory::applyList(TAutoPtr<ListProperty> list, const QList<QWidget *> &widgets)
+{
+    if (auto *spin = qobject_cast<QSpinBox *>(widgets.first())) {
+        spin->setRange(list->minimum(), list->maximum());
+        spin->setValue(list->size());
+    } else if (auto *widget = qobject_cast<ListPropertyWidget *>(widgets.first())) {
+        widget->setValues(list);
+    }
+}
+
+void PropertyEditorFactory::applyCustomColor(
+    TAutoPtr<CustomColorProperty> color, const QList<QWidget *> &widgets)
+{
+    if (auto *view = qobject_cast<Ta_ColorView *>(widgets.first())) {
+        QColor shown;
+        shown.setRgbF(color->red(), color->green(), color->blue(), 1.0);
+        view->setColor(shown);
+    }
+}
+
+void PropertyEditorFactory::integerPropertyChanged(int value)
+{
+    auto *spin = qobject_cast<QSpinBox *>(sender());
+    TAutoPtr<IntegerProperty> property(toProperty(sender()));
+    if (!property || !spin)
+        return;
+    if (property->value() != value)
+        property->setValue(value);
+    property->setUndefined(!spin->isEnabled());
+    emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::stringPropertyChanged()
+{
+    TAutoPtr<StringProperty> property(toProperty(sender()));
+    if (!property || mWarning)
+        return;
+    auto *box = qobject_cast<QCheckBox *>(sender());
+    QList<QWidget *> editors;
+    QWidget *edit = qobject_cast<QWidget *>(sender());
+    if (box) {
+        editors = propertyEditors(property);
+        edit = nullptr;
+        for (QWidget *widget : editors)
+            if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QTextEdit *>(widget)) {
+                edit = widget;
+                break;
+            }
+        property->setUndefined(!box->isChecked());
+    }
+    auto *line = qobject_cast<QLineEdit *>(edit);
+    auto *textEdit = qobject_cast<QTextEdit *>(edit);
+    if (!line && !textEdit)
+        return;
+    const QString text = line ? line->text() : textEdit->toPlainText();
+    if (edit->isEnabled() && text != property->value()) {
+        if (text.length() >= property->minimumLength()
+            && text.length() <= property->maximumLength())
+            property->setValue(text);
+        else {
+            mWarning = true;
+            QMessageBox::warning(edit->parentWidget(), tr("Invalid entry"),
+                tr("That is the wrong value!"), QMessageBox::Ok);
+            mWarning = false;
+        }
+    }
+    if (!box)
+        property->setUndefined(!edit->isEnabled());
+    emit propertyChanged(property);
+    if (line && property->exampleController()) {
+        const QString example = property->exampleController()->example(property);
+        if (editors.isEmpty())
+            editors = propertyEditors(property);
+        if (auto *label = firstOf<QLabel>(editors))
+            label->setText(example);
+    }
+}
+
+void PropertyEditorFactory::boolPropertyChanged()
+{
+    TAutoPtr<BoolProperty> property(toProperty(sender()));
+    if (!property)
+        return;
+    if (auto *button = qobject_cast<QToolButton *>(sender())) {
+        property->setUndefined(false);
+        if (property->on() != button->isChecked())
+            property->setOn(button->isChecked());
+    } else if (auto *box = qobject_cast<QCheckBox *>(sender())) {
+        if (box->checkState() == Qt::PartiallyChecked) {
+            property->setUndefined(true);
+        } else {
+            property->setUndefined(false);
+            if (property->on() != box->isChecked())
+                property->setOn(box->isChecked());
+        }
+    } else {
+        return;
+    }
+    emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::activatableGroupStateChanged()
+{
+    auto *box = qobject_cast<QCheckBox *>(sender());
+    TAutoPtr<ActivatableGroupProperty> property(toProperty(sender()));
+    if (!property || !box)
+        return;
+    property->setUndefined(box->checkState() == Qt::PartiallyChecked);
+    property->setActive(box->isChecked());
+    emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::customColorPropertyChanged()
+{
+    auto *view = qobject_cast<Ta_ColorView *>(sender());
+    TAutoPtr<CustomColorProperty> property(toProperty(sender()));
+    if (!property || !view)
+        return;
+    const QColor color = view->color();
+    property->setRgb(color.redF(), color.greenF(), color.blueF());
+    emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::listSizeChanged(int newSize)
+{
+    TAutoPtr<ListProperty> property(toProperty(sender()));
+    if (!property)
+        return;
+    // A list that refuses an element (no master, or at its maximum) stays as it is.
+    while (property->size() < newSize)
+        if (!property->insertProperty(property->size()))
+            break;
+    while (property->size() > newSize && property->size() > 0)
+        if (!property->removeProperty(property->size() - 1))
+            break;
+    emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::listWidgetPropertiesChanged()
+{
+    TAutoPtr<ListProperty> property(toProperty(sender()));
+    if (property)
+        emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::insertPredefineAction(QAction *action)
+{
+    if (!action)
+        return;
+    for (QWidget *widget : action->associatedWidgets())
+        if (auto *line = qobject_cast<QLineEdit *>(widget)) {
+            line->insert(action->data().toString());
+            return;
+        }
+}
+
+} // namespace TavoLib
