@@ -3,9 +3,11 @@
 // Small helpers shared by the files of PropertyEditorFactory: blank rows, row containers,
 // the undefined box and the unit-field setup. Internal to the library.
 #include "controls/Ta_UnitEdit.h"
+#include "core/CustomColorProperty.h"
 #include "core/Property.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -66,11 +68,34 @@ inline void addStretch(QBoxLayout *layout)
     layout->addItem(new QSpacerItem(0, 5, QSizePolicy::Expanding, QSizePolicy::Minimum));
 }
 
-inline QCheckBox *undefinedBox(QWidget *container)
+// The box beside an undefinable field: ticked, the field has a value of its own. Named and
+// explained, since it carries no text.
+inline QCheckBox *undefinedBox(QWidget *container, const QString &name)
 {
     auto *box = new QCheckBox(container);
     box->setFixedWidth(box->sizeHint().height());
+    box->setToolTip(QCoreApplication::translate("TavoLib::PropertyEditorFactory",
+        "Ticked: the value is set here. Unticked: it is left undefined."));
+    box->setAccessibleName(
+        QCoreApplication::translate("TavoLib::PropertyEditorFactory", "%1 defined").arg(name));
     return box;
+}
+
+// Empties the style combo box of a font field, with the marks by which the font controller
+// knows it is already filled for a font: a later fill must not take it for up to date.
+inline void clearStyleCombo(QComboBox *style)
+{
+    style->clear();
+    style->setProperty("FontProvider hash", QVariant());
+    style->setProperty("current font id", QVariant());
+}
+
+// The family row "any" of an undefinable font, with its separator, at the top.
+inline void insertAnyFamilyRow(QComboBox *family)
+{
+    family->insertItem(0, QString(), QVariant());
+    family->setItemData(0, QStringLiteral("any"), FamilyMarkerRole);
+    family->insertSeparator(1);
 }
 
 template <class T> T *firstOf(const QList<QWidget *> &widgets)
@@ -134,6 +159,14 @@ void applyIndex(QComboBox *combo, const Property &property, Blank isBlank, SetCu
     } else {
         showBlankRow(combo, isBlank);
     }
+}
+
+// The colour a custom colour property holds, opaque.
+inline QColor colorOf(const CustomColorProperty &color)
+{
+    QColor shown;
+    shown.setRgbF(color.red(), color.green(), color.blue(), 1.0);
+    return shown;
 }
 
 // A first row is blank when it carries no data (selectors and extended selectors).

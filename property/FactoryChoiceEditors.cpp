@@ -54,10 +54,13 @@ QWidget *PropertyEditorFactory::makeSelectorButtons(
         action->setCheckable(true);
         action->setToolTip(translate(selector->itemName(id)));
         button->setDefaultAction(action);
+        button->setAccessibleName(QStringLiteral("%1: %2").arg(
+            translate(selector->visibleName()), translate(selector->itemName(id))));
         button->setAutoRaise(true);
         // Without a visible first item a button can be unticked, which means that item.
         button->setAutoExclusive(selector->isFirstItemVisible());
-        action->setChecked(id == selector->value());
+        // decided: an undefined selector shows no button on, when made as after an apply.
+        action->setChecked(selector->isDefined() && id == selector->value());
         if (mWidgetsTheme == WidgetsThemeCompact) {
             button->setIconSize(Device::size(Device::SizeType3));
             button->setFixedSize(18, 18);
@@ -68,6 +71,7 @@ QWidget *PropertyEditorFactory::makeSelectorButtons(
     }
     // The buttons stay together at the start of a wide field, as a tool bar would.
     layout->addStretch(1);
+    focusCheckedButton(container);
     return container;
 }
 
@@ -105,9 +109,9 @@ QWidget *PropertyEditorFactory::makeSelectorMenuButton(
     if (!group->checkedAction() && !actions.isEmpty())
         actions.first()->setCheckable(true);
     button->setMenu(menu);
-    const int shown = selector->isUndefined() ? 0 : remembered;
-    button->setIcon(
-        QIcon(Device::pixmap(selector->itemIcon(actions.value(shown)->data().toInt()), 32, 32)));
+    // decided: the button shows the undefined icon and the blank action only while the
+    // property is undefined, when made as after an apply.
+    showMenuButtonItem(button, selector);
     int side = 16;
     switch (selector->iconSize()) {
     case SelectorProperty::IconSizeDefault:
@@ -170,6 +174,8 @@ QWidget *PropertyEditorFactory::makeStylesheetEditor(
             combo->addItem(mStylesheetManager->displayText(sheet), sheet->name());
         }
     }
+    // kept on purpose: a defined property without a stylesheet shows row 0, which on an
+    // undefinable combo box is the blank row, not "None".
     combo->setCurrentIndex(stylesheet->isUndefined() ? 0 : current);
     connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
         &PropertyEditorFactory::stylesheetPropertyChanged);
@@ -226,31 +232,13 @@ void PropertyEditorFactory::applySelector(
                     action->setChecked(false);
             }
         }
+        if (auto *first = firstOf<QToolButton>(widgets))
+            focusCheckedButton(first->parentWidget());
         return;
     }
     if (selector->mode() == SelectorProperty::MenuButtonMode) {
-        auto *button = qobject_cast<QToolButton *>(widgets.first());
-        if (!button || !button->menu())
-            return;
-        const QList<QAction *> actions = button->menu()->actions();
-        for (int i = 0; i < 2 && i < actions.size(); ++i)
-            actions.at(i)->setVisible(selector->isUndefined());
-        if (selector->isDefined()) {
-            int id = 0;
-            for (QAction *action : actions) {
-                if (!action->data().isNull() && action->data().toInt() == selector->value()) {
-                    action->setChecked(true);
-                    id = selector->value();
-                    break;
-                }
-            }
-            button->setIcon(QIcon(Device::pixmap(selector->itemIcon(id), 32, 32)));
-        } else {
-            button->setIcon(
-                QIcon(Device::pixmap(selector->undefinedIconName(), Device::SizeType0)));
-            if (!actions.isEmpty())
-                actions.first()->setChecked(true);
-        }
+        if (auto *button = qobject_cast<QToolButton *>(widgets.first()))
+            showMenuButtonItem(button, selector);
         return;
     }
     auto *combo = qobject_cast<QComboBox *>(widgets.first());
@@ -293,13 +281,14 @@ void PropertyEditorFactory::applyStylesheet(
     auto *combo = qobject_cast<QComboBox *>(widgets.first());
     if (!combo)
         return;
+    // decided: a property without a stylesheet shows row 0, as when made: the blank row of
+    // an undefinable combo box, else "None".
     int row = -1;
-    if (stylesheet->isDefined()) {
-        const TAutoPtr<Stylesheet const> sheet = stylesheet->stylesheet();
+    const TAutoPtr<Stylesheet const> sheet = stylesheet->stylesheet();
+    if (stylesheet->isDefined() && sheet) {
         for (int i = 0; i < combo->count() && row < 0; ++i) {
             const QVariant data = combo->itemData(i);
-            if (sheet ? data.type() == QVariant::String && data.toString() == sheet->name()
-                      : data.type() == QVariant::Int)
+            if (data.type() == QVariant::String && data.toString() == sheet->name())
                 row = i;
         }
     }
@@ -367,8 +356,12 @@ void PropertyEditorFactory::toolButtonClicked(bool checked)
     TAutoPtr<SelectorProperty> property(toProperty(sender()));
     if (!property || !button || !button->defaultAction())
         return;
-    if (!checked && property->isFirstItemVisible())
+    if (!checked && property->isFirstItemVisible()) {
+        // One button must stay on: a button unticked while the flag was off (an undefined
+        // value) is ticked again.
+        button->defaultAction()->setChecked(true);
         return;
+    }
     EditorMap *owner = nullptr;
     for (auto &entry : mEditors)
         if (entry.second.contains(button)) {
@@ -386,6 +379,7 @@ void PropertyEditorFactory::toolButtonClicked(bool checked)
         }
     if (!checked && property->begin() != property->end())
         id = *property->begin();
+    focusCheckedButton(button->parentWidget());
     // Qt reports a click on an auto-exclusive button that is already on as checked again:
     // nothing changes then, so nothing is written or signalled.
     if (property->isDefined() && property->value() == id)
@@ -404,14 +398,58 @@ void PropertyEditorFactory::toolButtonItemChanged(QAction *action)
     const QVariant data = action->data();
     if (!data.isValid()) {
         property->setUndefined(true);
-        button->setIcon(QIcon(Device::pixmap(property->undefinedIconName(), Device::SizeType0)));
     } else {
-        const int id = data.toInt();
-        button->setIcon(QIcon(Device::pixmap(property->itemIcon(id), 32, 32)));
-        property->setValue(id);
+        property->setValue(data.toInt());
         property->setUndefined(false);
     }
+    showMenuButtonItem(button, property);
     emit propertyChanged(property);
+}
+
+void PropertyEditorFactory::showMenuButtonItem(QToolButton *button, TAutoPtr<SelectorProperty> selector)
+{
+    if (!button->menu())
+        return;
+    // The blank action and its separator are offered only while undefined.
+    const QList<QAction *> actions = button->menu()->actions();
+    for (int i = 0; i < 2 && i < actions.size(); ++i)
+        actions.at(i)->setVisible(selector->isUndefined());
+    QString name;
+    if (selector->isDefined()) {
+        int id = 0;
+        for (QAction *action : actions) {
+            if (!action->data().isNull() && action->data().toInt() == selector->value()) {
+                action->setChecked(true);
+                id = selector->value();
+                name = action->text();
+                break;
+            }
+        }
+        button->setIcon(QIcon(Device::pixmap(selector->itemIcon(id), 32, 32)));
+    } else {
+        button->setIcon(QIcon(Device::pixmap(selector->undefinedIconName(), Device::SizeType0)));
+        if (!actions.isEmpty())
+            actions.first()->setChecked(true);
+    }
+    // The icon alone does not say which item it is.
+    button->setToolTip(name);
+}
+
+void PropertyEditorFactory::focusCheckedButton(QWidget *container)
+{
+    // The container of the buttons passes the focus to the button that is on, else the first.
+    if (!container)
+        return;
+    QToolButton *target = nullptr;
+    for (QToolButton *button : container->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!target)
+            target = button;
+        if (button->defaultAction() && button->defaultAction()->isChecked()) {
+            target = button;
+            break;
+        }
+    }
+    container->setFocusProxy(target);
 }
 
 } // namespace TavoLib

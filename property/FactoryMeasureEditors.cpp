@@ -10,6 +10,7 @@
 #include "widgets/MyDoubleSpinBox.h"
 
 #include <QLabel>
+#include <QPointer>
 
 namespace TavoLib {
 
@@ -34,15 +35,7 @@ QWidget *PropertyEditorFactory::makeFontSizeEditor(
         layout->addWidget(edit);
     }
     layout->addItem(new QSpacerItem(gap, gap, QSizePolicy::Fixed, QSizePolicy::Minimum));
-    edit->setUnit(Ta_UnitEdit::UnitType(size->unit()));
-    edit->setMinimum(size->minimum());
-    edit->setMaximum(size->maximum());
-    edit->setPrecision(size->precision());
-    edit->setSpecialValue(size->specialValue(), translate(size->specialValueText()));
-    edit->setValue(size->value());
-    edit->setAllowEmpty(size->isUndefinable());
-    if (size->isUndefined())
-        edit->setText(QString());
+    MyDoubleSpinBox::configureUnitEdit(edit, *size, translate(size->specialValueText()));
     container->setFocusProxy(edit);
     auto *reference = new QComboBox(parent);
     reference->setFrame(mWithEditorFrame);
@@ -87,7 +80,7 @@ QWidget *PropertyEditorFactory::makeUnitValueEditor(
     if (!measure->hasPresets()) {
         auto *spin = new MyDoubleSpinBox(container);
         spin->setFrame(mWithEditorFrame);
-        spin->setUnitValueProperty(measure);
+        spin->setUnitValueProperty(measure, translate(measure->specialValueText()));
         container->setFocusProxy(spin);
         layout->addWidget(spin);
         if (formTheme) {
@@ -111,22 +104,7 @@ QWidget *PropertyEditorFactory::makeUnitValueEditor(
     container->setFocusProxy(edit);
     if (formTheme)
         addStretch(layout);
-    edit->setUnit(Ta_UnitEdit::UnitType(measure->unit()));
-    edit->setMinimum(measure->minimum());
-    edit->setMaximum(measure->maximum());
-    edit->setPrecision(measure->precision());
-    edit->setSpecialValue(measure->specialValue(), translate(measure->specialValueText()));
-    edit->setUseSecondUnit(measure->useSecondUnit());
-    if (measure->useSecondUnit()) {
-        edit->setSecondUnit(Ta_UnitEdit::UnitType(measure->secondUnit()));
-        edit->setSecondMinimum(measure->secondMinimum());
-        edit->setSecondMaximum(measure->secondMaximum());
-        edit->setSecondPrecision(measure->secondPrecision());
-    }
-    edit->setValue(measure->value());
-    edit->setAllowEmpty(measure->isUndefinable());
-    if (measure->isUndefined())
-        edit->setText(QString());
+    MyDoubleSpinBox::configureUnitEdit(edit, *measure, translate(measure->specialValueText()));
     registerEditor(edit, editors, property);
     connect(edit, &Ta_UnitEdit::valueOnComplete, this,
         QOverload<const UnitValue &>::of(&PropertyEditorFactory::unitValuePropertyChanged));
@@ -216,6 +194,11 @@ QComboBox *PropertyEditorFactory::CreateUnitValueComboBox(
     combo->setCurrentIndex(-1);
     connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
         &PropertyEditorFactory::unitValuePresetChanged);
+    // Choosing the preset that is already current changes no index: Qt then writes the
+    // item's name into the field and says only activated. The slot's compare keeps a fresh
+    // choice, which says both, to one write.
+    connect(combo, QOverload<int>::of(&QComboBox::activated), this,
+        &PropertyEditorFactory::unitValuePresetChanged);
     // The order matters: the line edit after the connection, and no completer after the
     // line edit, which brings one of its own.
     combo->setLineEdit(edit);
@@ -277,12 +260,12 @@ void PropertyEditorFactory::applyUnitValue(
     }
     for (QWidget *widget : widgets) {
         if (auto *spin = qobject_cast<MyDoubleSpinBox *>(widget)) {
-            spin->setUnitValueProperty(measure);
+            spin->setUnitValueProperty(measure, translate(measure->specialValueText()));
             return;
         }
         if (auto *edit = qobject_cast<Ta_UnitEdit *>(widget)) {
             if (auto *spin = qobject_cast<MyDoubleSpinBox *>(edit->parentWidget())) {
-                spin->setUnitValueProperty(measure);
+                spin->setUnitValueProperty(measure, translate(measure->specialValueText()));
                 return;
             }
             const bool selected = allOrNothingSelected(edit);
@@ -390,18 +373,29 @@ void PropertyEditorFactory::unitValuePresetChanged(int itemIndex)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
     auto found = mPresetCombos.find(combo);
-    if (found == mPresetCombos.end() || !writesAllowed())
+    if (found == mPresetCombos.end() || !writesAllowed() || itemIndex < 0)
         return;
+    Ta_UnitEdit *edit = found->second;
     combo->setEditText(combo->itemData(itemIndex).toString());
-    unitValuePropertyChanged(found->second);
+    // The property lives through the write even if a listener reloads.
+    const TAutoPtr<Property> property(toProperty(static_cast<QWidget *>(edit)));
+    QPointer<Ta_UnitEdit> guard(edit);
+    unitValuePropertyChanged(edit);
+    // A preset that defines a font size also enables its reference size, as typing does.
+    if (guard && TAutoPtr<FontSizeProperty>(property))
+        showFontSizeReference(property, edit);
 }
 
 void PropertyEditorFactory::fontSizeChanged(const UnitValue &)
 {
     auto *edit = qobject_cast<Ta_UnitEdit *>(sender());
     const TAutoPtr<Property> property(toProperty(sender()));
-    if (!edit || !property)
-        return;
+    if (edit && property)
+        showFontSizeReference(property, edit);
+}
+
+void PropertyEditorFactory::showFontSizeReference(TAutoPtr<Property> property, Ta_UnitEdit *edit)
+{
     auto *combo = qobject_cast<QComboBox *>(mReferenceSizeEditors[property].data());
     if (!combo)
         return;
@@ -417,7 +411,7 @@ void PropertyEditorFactory::fontSizeChanged(const UnitValue &)
     const bool blank = !combo->itemData(0, Qt::UserRole).isValid();
     if (ok && blank) {
         combo->removeItem(0);
-        if (TAutoPtr<FontSizeProperty> size { property })
+        if (TAutoPtr<FontSizeProperty> size{ property })
             combo->setCurrentIndex(
                 size->referenceSizeType() == FontSizeProperty::CapHeight ? 1 : 0);
     } else if (!ok && !blank) {
@@ -461,6 +455,9 @@ void PropertyEditorFactory::unitValueSelectorPropertyChanged(int)
     const bool wasUndefined = property->isUndefined();
     int id = previous;
     MyDoubleSpinBox *spin = firstOf<MyDoubleSpinBox>(propertyEditors(property));
+    // decided: only this editor's spin box is disconnected; taken literally ("all
+    // senders"), every other measure selector would lose its spin box for good, since only
+    // this one is connected again below.
     if (spin)
         disconnect(spin, &MyDoubleSpinBox::valueOnComplete, this,
             QOverload<const UnitValue &>::of(

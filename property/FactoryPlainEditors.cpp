@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSpinBox>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -40,7 +41,7 @@ QWidget *PropertyEditorFactory::makeIntegerEditor(
     layout->addWidget(spin);
     QCheckBox *box = nullptr;
     if (integer->isUndefinable()) {
-        box = undefinedBox(container);
+        box = undefinedBox(container, translate(integer->visibleName()));
         layout->addWidget(box);
     }
     if (formTheme) {
@@ -97,6 +98,9 @@ QWidget *PropertyEditorFactory::makeStringEditor(
                 button->setArrowType(Qt::LeftArrow); // kept on purpose: a left arrow
             else
                 button->setIcon(string->predefinesIcon());
+            button->setToolTip(tr("Predefined values"));
+            button->setAccessibleName(
+                tr("%1: predefined values").arg(translate(string->visibleName())));
             connect(button, &QToolButton::triggered, this,
                 &PropertyEditorFactory::insertPredefineAction);
             inner->addWidget(button);
@@ -129,16 +133,25 @@ QWidget *PropertyEditorFactory::makeStringEditor(
     container->setFocusProxy(edit);
     QCheckBox *box = nullptr;
     if (string->isUndefinable()) {
-        box = undefinedBox(container);
+        box = undefinedBox(container, translate(string->visibleName()));
         layout->addWidget(box);
     }
     if (!string->multiLine() && mWithEditorFrame)
         addStretch(layout);
+    // decided: a text's length is checked when it is committed (Return, focus out, a
+    // predefine), not at each keystroke of a field that follows the typing; the commit of
+    // such a field only has to speak up for a text that was not taken.
     if (auto *text = qobject_cast<QTextEdit *>(edit)) {
         connect(text, &QTextEdit::textChanged, this, &PropertyEditorFactory::stringPropertyChanged);
+        text->installEventFilter(this);
     } else if (mLiveStringUpdates || string->exampleController()) {
-        connect(static_cast<QLineEdit *>(edit), &QLineEdit::textChanged, this,
-            &PropertyEditorFactory::stringPropertyChanged);
+        auto *line = static_cast<QLineEdit *>(edit);
+        connect(line, &QLineEdit::textChanged, this, &PropertyEditorFactory::stringPropertyChanged);
+        connect(line, &QLineEdit::editingFinished, this, [this, line] {
+            TAutoPtr<StringProperty> pending(toProperty(static_cast<QObject *>(line)));
+            if (pending && !mWarning && line->text() != pending->value())
+                commitString(pending, line, true, true);
+        });
     } else {
         connect(static_cast<QLineEdit *>(edit), &QLineEdit::editingFinished, this,
             &PropertyEditorFactory::stringPropertyChanged);
@@ -150,6 +163,8 @@ QWidget *PropertyEditorFactory::makeStringEditor(
         box->setChecked(string->isDefined());
         registerEditor(box, editors, property);
     }
+    // kept on purpose: an undefined text is disabled also when it is not undefinable, and
+    // then has no box to enable it (the library's own pages make such values undefinable).
     edit->setEnabled(string->isDefined());
     registerEditor(edit, editors, property);
     return container;
@@ -167,12 +182,10 @@ QWidget *PropertyEditorFactory::makeReadOnlyStringEditor(
     auto *icon = new QLabel(container);
     icon->setObjectName(QStringLiteral("icon"));
     const bool hasIcon = !string->iconName().isEmpty();
-    icon->setPixmap(hasIcon ? Device::pixmap(string->iconName(), Device::SizeType3) : QPixmap());
-    icon->setProperty("COLORIZEICON", string->allowColorizeIcon());
-    icon->setVisible(string->isDefined());
     icon->setSizePolicy(QSizePolicy::Fixed, hasIcon ? QSizePolicy::Expanding : QSizePolicy::Fixed);
-    auto *text = new QLabel(translate(string->value()), container);
+    auto *text = new QLabel(container);
     text->setObjectName(QStringLiteral("text"));
+    showReadOnlyString(icon, text, *string);
     container->layout()->addWidget(icon);
     container->layout()->addWidget(text);
     registerEditor(icon, editors, property);
@@ -290,9 +303,9 @@ QWidget *PropertyEditorFactory::makeCustomColorEditor(
     view->setFixedWidth(80);
     layout->addWidget(view);
     addStretch(layout);
-    QColor shown;
-    shown.setRgbF(color->red(), color->green(), color->blue(), 1.0);
-    view->setColor(shown);
+    view->setColor(colorOf(*color));
+    // kept on purpose: the view shows no undefined state of its own.
+    container->setFocusProxy(view);
     connect(view, &Ta_ColorView::colorChanged, this,
         &PropertyEditorFactory::customColorPropertyChanged);
     registerEditor(view, editors, property);
@@ -308,9 +321,12 @@ void PropertyEditorFactory::applyInteger(
             continue;
         spin->setRange(integer->minimum(), integer->maximum());
         spin->setValue(integer->value());
-        spin->setEnabled(integer->isDefined());
-        if (auto *box = spin->parentWidget()->findChild<QCheckBox *>())
+        // As at creation, only the box enables the spin box (its toggled does): without a
+        // box the field stays usable whatever was applied.
+        if (auto *box = spin->parentWidget()->findChild<QCheckBox *>()) {
             box->setChecked(integer->isDefined());
+            spin->setEnabled(integer->isDefined());
+        }
     }
 }
 
@@ -327,11 +343,7 @@ void PropertyEditorFactory::applyString(
             text = qobject_cast<QLabel *>(widget);
     }
     if (icon && text) {
-        text->setText(string->isDefined() ? translate(string->value()) : QString());
-        icon->setProperty("COLORIZEICON", string->allowColorizeIcon());
-        const bool shown = string->isDefined() && !string->iconName().isEmpty();
-        icon->setPixmap(shown ? Device::pixmap(string->iconName(), Device::SizeType3) : QPixmap());
-        icon->setVisible(shown);
+        showReadOnlyString(icon, text, *string);
         return;
     }
     if (string->readOnly())
@@ -359,6 +371,9 @@ void PropertyEditorFactory::applyString(
         box->setChecked(string->isDefined());
     if (edit)
         edit->setEnabled(string->isDefined());
+    // The preview under the field follows the applied text, as it follows typing.
+    if (string->exampleController())
+        refreshExample(string);
 }
 
 void PropertyEditorFactory::applyBool(
@@ -400,11 +415,8 @@ void PropertyEditorFactory::applyList(TAutoPtr<ListProperty> list, const QList<Q
 void PropertyEditorFactory::applyCustomColor(
     TAutoPtr<CustomColorProperty> color, const QList<QWidget *> &widgets)
 {
-    if (auto *view = qobject_cast<Ta_ColorView *>(widgets.first())) {
-        QColor shown;
-        shown.setRgbF(color->red(), color->green(), color->blue(), 1.0);
-        view->setColor(shown);
-    }
+    if (auto *view = qobject_cast<Ta_ColorView *>(widgets.first()))
+        view->setColor(colorOf(*color));
 }
 
 void PropertyEditorFactory::integerPropertyChanged(int value)
@@ -425,44 +437,79 @@ void PropertyEditorFactory::stringPropertyChanged()
     if (!property || mWarning)
         return;
     auto *box = qobject_cast<QCheckBox *>(sender());
-    QList<QWidget *> editors;
-    QWidget *edit = qobject_cast<QWidget *>(sender());
-    if (box) {
-        editors = propertyEditors(property);
-        edit = nullptr;
-        for (QWidget *widget : editors)
-            if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QTextEdit *>(widget)) {
-                edit = widget;
-                break;
-            }
+    if (box)
         property->setUndefined(!box->isChecked());
-    }
-    auto *line = qobject_cast<QLineEdit *>(edit);
-    auto *textEdit = qobject_cast<QTextEdit *>(edit);
-    if (!line && !textEdit)
+    QWidget *edit = stringEditOf(property, sender());
+    if (!edit)
         return;
-    const QString text = line ? line->text() : textEdit->toPlainText();
+    // A line edit connected by editingFinished commits here; one that follows the typing, a
+    // text edit and the box do not (their commit is Return or focus out).
+    const bool commit = !box && qobject_cast<QLineEdit *>(edit)
+        && !(mLiveStringUpdates || property->exampleController());
+    commitString(property, edit, commit, !box);
+}
+
+QWidget *PropertyEditorFactory::stringEditOf(
+    TAutoPtr<StringProperty> property, QObject *sender) const
+{
+    if (qobject_cast<QLineEdit *>(sender) || qobject_cast<QTextEdit *>(sender))
+        return static_cast<QWidget *>(sender);
+    for (QWidget *widget : propertyEditors(property))
+        if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QTextEdit *>(widget))
+            return widget;
+    return nullptr;
+}
+
+void PropertyEditorFactory::commitString(
+    TAutoPtr<StringProperty> property, QWidget *edit, bool commit, bool followEnabled)
+{
+    // The message runs an event loop of its own, in which a host may reload: the edit is
+    // looked at again only while it still exists.
+    QPointer<QWidget> guard(edit);
+    auto *line = qobject_cast<QLineEdit *>(edit);
+    const QString text = line ? line->text() : static_cast<QTextEdit *>(edit)->toPlainText();
     if (edit->isEnabled() && text != property->value()) {
         if (text.length() >= property->minimumLength()
-            && text.length() <= property->maximumLength())
+            && text.length() <= property->maximumLength()) {
             property->setValue(text);
-        else {
+        } else if (commit) {
+            // The text stays in the field for correction; the property keeps its value.
             mWarning = true;
-            QMessageBox::warning(edit->parentWidget(), tr("Invalid entry"),
-                tr("That is the wrong value!"), QMessageBox::Ok);
+            QPointer<QMessageBox> message = new QMessageBox(QMessageBox::Warning,
+                tr("Invalid entry"), tr("That is the wrong value!"), QMessageBox::Ok,
+                edit->parentWidget());
+            message->exec();
+            delete message.data();
             mWarning = false;
+            if (!guard)
+                return;
         }
     }
-    if (!box)
+    if (followEnabled)
         property->setUndefined(!edit->isEnabled());
+    const bool example = line && property->exampleController();
     emit propertyChanged(property);
-    if (line && property->exampleController()) {
-        const QString example = property->exampleController()->example(property);
-        if (editors.isEmpty())
-            editors = propertyEditors(property);
-        if (auto *label = firstOf<QLabel>(editors))
-            label->setText(example);
-    }
+    // Listeners may have removed the editors: the preview is looked up anew.
+    if (example)
+        refreshExample(property);
+}
+
+void PropertyEditorFactory::refreshExample(TAutoPtr<StringProperty> property)
+{
+    if (!property->exampleController())
+        return;
+    if (auto *label = firstOf<QLabel>(propertyEditors(property)))
+        label->setText(property->exampleController()->example(property));
+}
+
+void PropertyEditorFactory::showReadOnlyString(QLabel *icon, QLabel *text, const StringProperty &string)
+{
+    // decided: an undefined read-only text shows empty, when made as after an apply.
+    text->setText(string.isDefined() ? translate(string.value()) : QString());
+    icon->setProperty("COLORIZEICON", string.allowColorizeIcon());
+    const bool shown = string.isDefined() && !string.iconName().isEmpty();
+    icon->setPixmap(shown ? Device::pixmap(string.iconName(), Device::SizeType3) : QPixmap());
+    icon->setVisible(shown);
 }
 
 void PropertyEditorFactory::boolPropertyChanged()
@@ -506,6 +553,9 @@ void PropertyEditorFactory::customColorPropertyChanged()
     if (!property || !view)
         return;
     const QColor color = view->color();
+    // decided: a colour chosen for an undefined property defines it, as every other kind
+    // does; else the choice would never be stored.
+    property->setUndefined(false);
     property->setRgb(color.redF(), color.greenF(), color.blueF());
     emit propertyChanged(property);
 }
@@ -539,6 +589,12 @@ void PropertyEditorFactory::insertPredefineAction(QAction *action)
     for (QWidget *widget : action->associatedWidgets())
         if (auto *line = qobject_cast<QLineEdit *>(widget)) {
             line->insert(action->data().toString());
+            // decided: a predefine is committed at once, whatever the field's connection:
+            // the menu's button takes no focus, so no focus-out would commit it.
+            TAutoPtr<StringProperty> property(toProperty(static_cast<QObject *>(line)));
+            const bool live = property && (mLiveStringUpdates || property->exampleController());
+            if (property && (!live || line->text() != property->value()))
+                commitString(property, line, true, true);
             return;
         }
 }

@@ -108,11 +108,10 @@ void PropertyEditorFactory::createFontEditors(TAutoPtr<FontProperty> property, Q
     familyCombo->setMinimumContentsLength(16);
     if (mFontProvider)
         FontControllerQt(mFontProvider).populateFamilies(familyCombo, property->font(), false);
-    if (property->isUndefinable()) {
-        familyCombo->insertItem(0, QString(), QVariant());
-        familyCombo->setItemData(0, QStringLiteral("any"), FamilyMarkerRole);
-        familyCombo->insertSeparator(1);
-    }
+    if (property->isUndefinable())
+        insertAnyFamilyRow(familyCombo);
+    const QString name = translate(property->visibleName());
+    familyCombo->setAccessibleName(tr("%1 family").arg(name));
     familyCombo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     familyCombo->setFrame(mWithEditorFrame);
     auto *styleCombo = new QComboBox(parent);
@@ -120,6 +119,7 @@ void PropertyEditorFactory::createFontEditors(TAutoPtr<FontProperty> property, Q
         FontControllerQt(mFontProvider).populateStyles(styleCombo, property->font());
     styleCombo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     styleCombo->setFrame(mWithEditorFrame);
+    styleCombo->setAccessibleName(tr("%1 style").arg(name));
     if (property->isUndefined()) {
         familyCombo->setCurrentIndex(0);
         styleCombo->hide();
@@ -196,8 +196,7 @@ void PropertyEditorFactory::applyFont(TAutoPtr<FontProperty> font, const QList<Q
         showBlankRow(family, blankText);
         family->setItemData(0, QStringLiteral("any"), FamilyMarkerRole);
         style->hide();
-        style->clear();
-        style->setProperty("current font id", QVariant());
+        clearStyleCombo(style);
     }
     connect(style, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
         &PropertyEditorFactory::fontStylePropertyChanged);
@@ -218,9 +217,14 @@ void PropertyEditorFactory::updateFontEditors(bool force)
         bool blocked = family->blockSignals(true);
         family->clear();
         controller.populateFamilies(family, -1, false);
+        // The "any" row of an undefinable font comes back with the list, as the blank row
+        // of a brush, pen or line head does.
+        if (TAutoPtr<FontProperty> font{ entry.first })
+            if (font->isUndefinable())
+                insertAnyFamilyRow(family);
         family->blockSignals(blocked);
         blocked = style->blockSignals(true);
-        style->clear();
+        clearStyleCombo(style);
         style->blockSignals(blocked);
     }
     mFontProviderStamp = mFontProvider->hash();
@@ -310,7 +314,7 @@ void PropertyEditorFactory::fontFamilyPropertyChanged()
     disconnect(family, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
         &PropertyEditorFactory::fontFamilyPropertyChanged);
     const QString remembered = style->currentText();
-    style->clear();
+    clearStyleCombo(style);
     const bool any = !family->currentData(FamilyMarkerRole).isNull();
     style->setVisible(!any);
     if (!any && mFontProvider) {

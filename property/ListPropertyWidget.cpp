@@ -5,6 +5,7 @@
 #include "core/GroupProperty.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -47,12 +48,16 @@ ListPropertyWidget::ListPropertyWidget(QWidget *parent)
     mAddButton->setObjectName(QStringLiteral("add"));
     mAddButton->setDefaultAction(new QAction(tr("Add"), mAddButton));
     mAddButton->setToolTip(tr("Add an entry at the end"));
+    // Taking the focus on a click commits a cell being typed in before the button acts.
+    mAddButton->setFocusPolicy(Qt::StrongFocus);
     connect(mAddButton, &QToolButton::triggered, this, &ListPropertyWidget::addNewEntry);
     buttons->addWidget(mAddButton);
     mUndefinedButton = new QToolButton(this);
     mUndefinedButton->setObjectName(QStringLiteral("undefined"));
     mUndefinedButton->setText(tr("Undefined"));
     mUndefinedButton->setCheckable(true);
+    mUndefinedButton->setFocusPolicy(Qt::StrongFocus);
+    mUndefinedButton->setToolTip(tr("Leave the list undefined, or give it entries again"));
     connect(mUndefinedButton, &QToolButton::clicked, this, &ListPropertyWidget::undefinedButtonClicked);
     buttons->addWidget(mUndefinedButton);
     buttons->addStretch(1);
@@ -100,7 +105,9 @@ void ListPropertyWidget::setTranslator(TAutoPtr<Translator const> translator)
 
 void ListPropertyWidget::setValues(TAutoPtr<ListProperty> list)
 {
-    const bool sameShape = list && mList && list->size() == mRows.size()
+    // The list shown, given again after a change in place, is rebuilt: its inner factory
+    // cannot re-apply an object to its own editors without losing their side entries.
+    const bool sameShape = list && mList && list != mList && list->size() == mRows.size()
         && list->masterProperty() == mList->masterProperty();
     mList = list;
     if (!sameShape) {
@@ -148,6 +155,8 @@ QWidget *ListPropertyWidget::makeRow(int index, TAutoPtr<Property> element)
     remove->setObjectName(QStringLiteral("delete"));
     remove->setText(tr("Delete"));
     remove->setProperty("element index", QVariant(index));
+    remove->setFocusPolicy(Qt::StrongFocus);
+    remove->setAccessibleName(tr("Delete entry %1").arg(index + 1));
     connect(remove, &QToolButton::clicked, this, &ListPropertyWidget::removeCurrentEntry);
     layout->addWidget(remove);
     row->setFocusProxy(first ? first : remove);
@@ -175,13 +184,55 @@ void ListPropertyWidget::rebuild()
         }
     }
     updateButtons();
+    updateTabOrder();
+}
+
+void ListPropertyWidget::updateTabOrder()
+{
+    // New rows stand at the end of the window's tab chain; the chain is laid again from the
+    // field before this list: the rows in order, then Add, then Undefined.
+    QList<QWidget *> chain;
+    for (const QPointer<QWidget> &row : qAsConst(mRows))
+        if (row)
+            for (QWidget *widget : row->findChildren<QWidget *>())
+                if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+                    chain.append(widget);
+    chain << mAddButton << mUndefinedButton;
+    QWidget *previous = nullptr;
+    for (QWidget *w = previousInFocusChain(); w && w != this; w = w->previousInFocusChain()) {
+        if (w->isWindow())
+            break;
+        if (!isAncestorOf(w) && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy()) {
+            previous = w;
+            break;
+        }
+    }
+    for (QWidget *widget : qAsConst(chain)) {
+        if (previous)
+            QWidget::setTabOrder(previous, widget);
+        previous = widget;
+    }
+}
+
+bool ListPropertyWidget::commitPendingEdit()
+{
+    // The buttons may act while a cell still holds typed text (a host's call, a key): the
+    // cell commits on losing the focus, before the rows change under it.
+    QWidget *focused = QApplication::focusWidget();
+    if (!focused || !mRowsArea->isAncestorOf(focused))
+        return true;
+    QPointer<ListPropertyWidget> self(this);
+    focused->clearFocus();
+    return !self.isNull();
 }
 
 void ListPropertyWidget::updateButtons()
 {
     const bool undefined = mList && mList->isUndefined();
     mRowsArea->setVisible(!undefined);
-    mUndefinedButton->setVisible(mList && mList->isUndefinable());
+    // Also for a list that cannot be undefined but is (a host's, or one copied in): the
+    // button is its way back to entries.
+    mUndefinedButton->setVisible(mList && (mList->isUndefinable() || undefined));
     mUndefinedButton->setChecked(undefined);
     mAddButton->setEnabled(mList && !undefined && mList->masterProperty()
         && mList->size() < mList->maximum());
@@ -194,15 +245,21 @@ void ListPropertyWidget::updateButtons()
 
 void ListPropertyWidget::elementChanged(TavoLib::Property::Ptr)
 {
-    if (mList && mList->isUndefined())
+    if (mList && mList->isUndefined()) {
         mList->setUndefined(false);
+        updateButtons();
+    }
     emit propertiesChanged();
 }
 
 void ListPropertyWidget::undefinedButtonClicked()
 {
-    if (!mList || !mList->isUndefinable())
+    if (!mList || !commitPendingEdit() || !mList)
         return;
+    if (!mList->isUndefinable() && mList->isDefined()) {
+        updateButtons();
+        return;
+    }
     mList->setUndefined(!mList->isUndefined());
     updateButtons();
     emit propertiesChanged();
@@ -210,7 +267,7 @@ void ListPropertyWidget::undefinedButtonClicked()
 
 void ListPropertyWidget::addNewEntry()
 {
-    if (!mList || !mList->insertProperty(mList->size()))
+    if (!mList || !commitPendingEdit() || !mList || !mList->insertProperty(mList->size()))
         return;
     mList->setUndefined(false);
     rebuild();
@@ -228,11 +285,17 @@ void ListPropertyWidget::removeCurrentEntry()
         if (button->property("element index").isValid())
             index = button->property("element index").toInt();
     for (int i = 0; index < 0 && i < mRows.size(); ++i)
-        if (mRows.at(i) && mRows.at(i)->isAncestorOf(focusWidget()))
+        if (mRows.at(i) && mRows.at(i)->isAncestorOf(QApplication::focusWidget()))
             index = i;
-    if (index < 0 || !mList->removeProperty(index))
+    if (index < 0 || !commitPendingEdit() || !mList || !mList->removeProperty(index))
         return;
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     rebuild();
+    // The row that takes the deleted one's place gets the focus, else the last, else Add.
+    if (hadFocus) {
+        QWidget *next = mRows.value(qMin(index, mRows.size() - 1));
+        (next ? next : static_cast<QWidget *>(mAddButton))->setFocus(Qt::TabFocusReason);
+    }
     emit propertiesChanged();
 }
 

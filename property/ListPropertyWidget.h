@@ -54,6 +54,9 @@ public slots:
 private:
     void rebuild();
     void updateButtons();
+    void updateTabOrder();
+    // Commits a cell that holds the focus; false when that commit took this widget away.
+    bool commitPendingEdit();
     void elementChanged(TavoLib::Property::Ptr element);
     QWidget *makeRow(int index, TAutoPtr<Property> element);
 

@@ -30,7 +30,9 @@
 
 #include <algorithm>
 
+#include <QAbstractSpinBox>
 #include <QActionGroup>
+#include <QEvent>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -77,6 +79,8 @@ void PropertyEditorFactory::setBrushProvider(TAutoPtr<BrushProviderQt const> pro
     if (provider == mBrushProvider)
         return;
     mBrushProvider = provider;
+    // kept on purpose: without force, so a provider with the same stamp (the default 0
+    // included) refreshes nothing.
     updateBrushEditors(false);
 }
 
@@ -85,6 +89,8 @@ void PropertyEditorFactory::setFontProvider(TAutoPtr<FontProviderQt const> provi
     if (provider == mFontProvider)
         return;
     mFontProvider = provider;
+    // kept on purpose: without force; a refresh leaves the font fields without a selection
+    // until the next apply, which nothing here starts.
     updateFontEditors(false);
 }
 
@@ -151,7 +157,7 @@ PropertyEditorFactory::FontControls PropertyEditorFactory::toFontControls(
     return found == mFontControls.end() ? FontControls() : found->second;
 }
 
-QList<QWidget *> PropertyEditorFactory::propertyEditors(TAutoPtr<Property const> property)
+QList<QWidget *> PropertyEditorFactory::propertyEditors(TAutoPtr<Property const> property) const
 {
     QList<QWidget *> result;
     if (!property)
@@ -165,6 +171,7 @@ QList<QWidget *> PropertyEditorFactory::propertyEditors(TAutoPtr<Property const>
 
 void PropertyEditorFactory::clear()
 {
+    // kept on purpose: the side maps are emptied only here, never pruned as editors die.
     mFontControls.clear();
     mEditors.clear();
     mReferenceSizeEditors.clear();
@@ -188,18 +195,55 @@ QWidget *PropertyEditorFactory::createEditor(
     mCurrentEditor = result;
     if (!result)
         return nullptr;
-    if (parent && parent->style()) {
-        // A widget that already draws with the parent's style is left as it is: setting the
-        // same style again only repolishes it.
-        QStyle *style = parent->style();
-        for (QWidget *child : result->findChildren<QWidget *>())
-            if (child->style() != style)
-                child->setStyle(style);
-        if (result->style() != style)
-            result->setStyle(style);
+    // A widget that already draws with the parent's style is left as it is: setting the
+    // same style again only repolishes it.
+    QStyle *style = parent ? parent->style() : nullptr;
+    QList<QWidget *> widgets = result->findChildren<QWidget *>();
+    widgets.append(result);
+    const QString name = translate(property->visibleName());
+    for (QWidget *widget : qAsConst(widgets)) {
+        if (style && widget->style() != style)
+            widget->setStyle(style);
+        finishEditor(widget, name);
     }
-    Device::scale(result);
+    // A list's cells were scaled once by the list's own factory, and rows it adds later are
+    // scaled there too; scaling the whole list again would scale its first cells twice.
+    if (!qobject_cast<ListPropertyWidget *>(result))
+        Device::scale(result);
     return result;
+}
+
+void PropertyEditorFactory::finishEditor(QWidget *widget, const QString &name)
+{
+    if (widget->focusPolicy() != Qt::NoFocus && widget->accessibleName().isEmpty())
+        widget->setAccessibleName(name);
+    // A combo box or spin box of a panel changes under the wheel only with the focus;
+    // otherwise the wheel scrolls the panel. The unit spin box guards itself.
+    if ((qobject_cast<QComboBox *>(widget) || qobject_cast<QAbstractSpinBox *>(widget))
+        && !qobject_cast<MyDoubleSpinBox *>(widget)) {
+        widget->setFocusPolicy(Qt::StrongFocus);
+        widget->installEventFilter(this);
+    }
+}
+
+bool PropertyEditorFactory::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Wheel) {
+        auto *widget = static_cast<QWidget *>(watched);
+        if (!widget->hasFocus()) {
+            // Ignored and filtered: Qt hands the wheel on to the parent, which scrolls.
+            event->ignore();
+            return true;
+        }
+    } else if (event->type() == QEvent::FocusOut) {
+        // Leaving a several-line text is its commit, where its length is checked.
+        if (auto *text = qobject_cast<QTextEdit *>(watched)) {
+            TAutoPtr<StringProperty> string(toProperty(static_cast<QWidget *>(text)));
+            if (string && writesAllowed() && !mWarning && text->toPlainText() != string->value())
+                commitString(string, text, true, true);
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 QWidget *PropertyEditorFactory::makeEditor(

@@ -25,8 +25,10 @@
 
 class QAction;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QMenu;
+class QToolButton;
 class MyDoubleSpinBox;
 class Ta_UnitEdit;
 
@@ -57,7 +59,7 @@ public:
         WidgetsThemeTree = 0, // flat check boxes, a list as a size spin box, no read-only text
         WidgetsThemeForm = 1, // plain form controls (the default)
         WidgetsThemeCompact = 2, // booleans and selector buttons as small tool buttons
-        WidgetsThemeCombo = 3 // selector combo boxes with the library's popup
+        WidgetsThemeCombo = 3 // selector combo boxes with the library's popup, no read-only text
     };
     Q_ENUM(WidgetsTheme)
 
@@ -72,7 +74,9 @@ public:
     ~PropertyEditorFactory() override;
 
     // The editor to place in a form, or null for a kind that has none (a plain group, a bare
-    // property, null). Building an editor never reports a change.
+    // property, null). Building an editor never reports a change. Every focusable part is
+    // named for assistive technology after the property's visible name, and the wheel turns
+    // a combo box or spin box only while it has the focus (otherwise the form scrolls).
     QWidget *createEditor(
         TAutoPtr<Property> property, QWidget *parent, const QString &ownerIdentifier);
 
@@ -81,7 +85,10 @@ public:
     WidgetsTheme widgetsTheme() const { return mWidgetsTheme; }
     void setWithEditorFrame(bool withFrame);
 
-    // A different brush or font provider refreshes the editors of that kind; the others only
+    // A different brush or font provider refreshes the editors of that kind without force,
+    // that is only when the new provider's change stamp differs from the last one seen: two
+    // providers that both keep the default stamp 0 refresh nothing. A font refresh leaves the
+    // font fields without a selection until the next applyPropertyValues. The others only
     // store.
     void setBrushProvider(TAutoPtr<BrushProviderQt const> provider);
     void setFontProvider(TAutoPtr<FontProviderQt const> provider);
@@ -93,7 +100,7 @@ public:
 
     // Every widget registered for exactly this object, under all owners: by owner in key
     // order, then by widget address.
-    QList<QWidget *> propertyEditors(TAutoPtr<Property const> property);
+    QList<QWidget *> propertyEditors(TAutoPtr<Property const> property) const;
 
     // Rebuilds the lists of the font, brush, pen and line-head combo boxes after a
     // provider's content changed; without force only when the provider's stamp moved.
@@ -104,6 +111,9 @@ public:
     void updateLineHeadStyleEditors(bool force);
 
     // Forgets every editor without touching the widgets: for when they are going or gone.
+    // The side maps of fonts, font sizes, brushes, pens, line heads and preset combo boxes
+    // are not pruned when an editor dies, so a long-lived factory should be cleared when its
+    // editors go (a panel's reload), or it keeps the old properties alive.
     void clear();
 
     // Reacting to a text or value edit that arrives outside a signal.
@@ -137,7 +147,10 @@ public slots:
     void listWidgetPropertiesChanged();
 
     // Hands a new property of the same uniqueName to the editors that exist under the
-    // owner, and brings the widgets up to it.
+    // owner, and brings the widgets up to it. Re-applying the very object that is registered
+    // (after changing it in place) drops the side entries of its font, font-size, brush,
+    // pen and line-head editors, which then no longer refresh or write: apply a new object
+    // (a clone) instead.
     void applyPropertyValues(TavoLib::Property::Ptr property, QString ownerIdentifier);
     void applyPropertyValues(TavoLib::Property::Ptr property);
 
@@ -227,6 +240,20 @@ private:
     TAutoPtr<Property> toProperty(QObject *sender) const;
     FontControls toFontControls(TAutoPtr<Property> property) const;
     bool writesAllowed() const { return mApplying == 0; }
+    // The parts made for every kind: names for assistive technology, the wheel guard.
+    void finishEditor(QWidget *editor, const QString &name);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    // The string edit behind one of the three senders of stringPropertyChanged().
+    QWidget *stringEditOf(TAutoPtr<StringProperty> property, QObject *sender) const;
+    // Takes the edit's text into the property; `commit` marks Return, focus out or a
+    // predefine, where a text of the wrong length is refused with the message.
+    void commitString(
+        TAutoPtr<StringProperty> property, QWidget *edit, bool commit, bool followEnabled);
+    void showReadOnlyString(QLabel *icon, QLabel *text, const StringProperty &string);
+    void refreshExample(TAutoPtr<StringProperty> property);
+    void showFontSizeReference(TAutoPtr<Property> property, Ta_UnitEdit *edit);
+    void showMenuButtonItem(QToolButton *button, TAutoPtr<SelectorProperty> selector);
+    static void focusCheckedButton(QWidget *container);
 
     std::map<Property::Ptr, FontControls> mFontControls;
     std::map<QString, QMap<QWidget *, Property::Ptr>> mEditors;

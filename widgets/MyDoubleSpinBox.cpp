@@ -32,28 +32,37 @@ MyDoubleSpinBox::MyDoubleSpinBox(QWidget *parent)
 
 MyDoubleSpinBox::~MyDoubleSpinBox() = default;
 
-void MyDoubleSpinBox::setUnitValueProperty(TAutoPtr<const TavoLib::UnitValueProperty> property)
+void MyDoubleSpinBox::setUnitValueProperty(
+    TAutoPtr<const TavoLib::UnitValueProperty> property, const QString &specialValueText)
 {
     if (!property)
         return;
-    mEdit->setUnit(Ta_UnitEdit::UnitType(property->unit()));
-    mEdit->setMinimum(property->minimum());
-    mEdit->setMaximum(property->maximum());
-    mEdit->setPrecision(property->precision());
-    mEdit->setSpecialValue(property->specialValue(), property->specialValueText());
-    QAbstractSpinBox::setSpecialValueText(property->specialValueText());
-    mEdit->setUseSecondUnit(property->useSecondUnit());
-    if (property->useSecondUnit()) {
-        mEdit->setSecondUnit(Ta_UnitEdit::UnitType(property->secondUnit()));
-        mEdit->setSecondMinimum(property->secondMinimum());
-        mEdit->setSecondMaximum(property->secondMaximum());
-        mEdit->setSecondPrecision(property->secondPrecision());
-    }
-    mEdit->setValue(property->value());
-    mEdit->setAllowEmpty(property->isUndefinable());
-    if (property->isUndefined())
-        mEdit->setText(QString());
+    const QString special
+        = specialValueText.isNull() ? property->specialValueText() : specialValueText;
+    configureUnitEdit(mEdit, *property, special);
+    QAbstractSpinBox::setSpecialValueText(special);
     updateGeometry();
+}
+
+void MyDoubleSpinBox::configureUnitEdit(
+    Ta_UnitEdit *edit, const TavoLib::UnitValueProperty &property, const QString &specialValueText)
+{
+    edit->setUnit(Ta_UnitEdit::UnitType(property.unit()));
+    edit->setMinimum(property.minimum());
+    edit->setMaximum(property.maximum());
+    edit->setPrecision(property.precision());
+    edit->setSpecialValue(property.specialValue(), specialValueText);
+    edit->setUseSecondUnit(property.useSecondUnit());
+    if (property.useSecondUnit()) {
+        edit->setSecondUnit(Ta_UnitEdit::UnitType(property.secondUnit()));
+        edit->setSecondMinimum(property.secondMinimum());
+        edit->setSecondMaximum(property.secondMaximum());
+        edit->setSecondPrecision(property.secondPrecision());
+    }
+    edit->setValue(property.value());
+    edit->setAllowEmpty(property.isUndefinable());
+    if (property.isUndefined())
+        edit->setText(QString());
 }
 
 void MyDoubleSpinBox::setUnitValue(const UnitValue &value, unsigned int unit, double minimum,

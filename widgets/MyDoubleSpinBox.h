@@ -26,7 +26,14 @@ public:
     // Takes everything from a measure property: unit, limits, precision, special value and
     // text, the second unit when the property uses one, allowEmpty from isUndefinable(), and
     // the value, or an empty field when the property is undefined.
-    void setUnitValueProperty(TAutoPtr<const TavoLib::UnitValueProperty> property);
+    // `specialValueText` is the text shown for the special value, translated by the caller;
+    // a null string takes the property's own, untranslated.
+    void setUnitValueProperty(TAutoPtr<const TavoLib::UnitValueProperty> property,
+        const QString &specialValueText = QString());
+    // Sets up any unit field from a measure property, as setUnitValueProperty does for the
+    // spin box's own field.
+    static void configureUnitEdit(Ta_UnitEdit *edit, const TavoLib::UnitValueProperty &property,
+        const QString &specialValueText);
     // Shows `value` in `unit` with the limits and precision given. `allowEmpty` lets the user
     // empty the field (the undefined value); `useSecondUnit` also accepts the second unit
     // the inner edit is set up with (per cent from 0 to 100 unless set otherwise on it).
