@@ -18,6 +18,10 @@ Ta_ColorView::~Ta_ColorView() = default;
 void Ta_ColorView::setColor(const QColor &color)
 {
     mColor = color;
+    // The swatch alone says nothing to a screen reader or of the exact colour.
+    const QString name = color.isValid() ? color.name() : QString();
+    setToolTip(name);
+    setAccessibleDescription(name);
     update();
 }
 

@@ -21,6 +21,8 @@
 #include "core/UnitValueSelectorProperty.h"
 
 #include <QIcon>
+#include <functional>
+#include <map>
 
 using namespace TavoLib;
 
@@ -278,6 +280,30 @@ std::vector<Property::Ptr> allSchemas(TAutoPtr<StylesheetManager const> styleshe
         for (const auto &p : attributeSchema(key))
             all.push_back(p);
     return all;
+}
+
+std::vector<Property::Ptr> oneOfEachKind(TAutoPtr<StylesheetManager const> stylesheets)
+{
+    std::map<QString, Property::Ptr> byKind;
+    std::function<void(const Property::Ptr &)> visit = [&](const Property::Ptr &p) {
+        if (!p)
+            return;
+        byKind.emplace(QString::fromLatin1(p->kindName()), p);
+        if (TAutoPtr<GroupProperty> group{ p })
+            for (const auto &child : *group)
+                visit(child);
+    };
+    for (const auto &p : allSchemas(stylesheets))
+        visit(p);
+    std::vector<Property::Ptr> result;
+    for (const char *kind : { "Integer", "String", "Selector", "Stylesheet", "ExtendedSelector",
+             "ActivatableGroup", "List", "Bool", "CustomColor", "Brush", "PenStyle",
+             "LineHeadStyle", "Font", "FontSize", "UnitValue", "UnitValueSelector" }) {
+        auto found = byKind.find(QString::fromLatin1(kind));
+        if (found != byKind.end())
+            result.push_back(found->second);
+    }
+    return result;
 }
 
 void registerDefaultAttributes(Environment &environment)

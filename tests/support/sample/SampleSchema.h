@@ -25,6 +25,11 @@ TavoLib::PropertyDictionary attributeSchema(const TavoLib::AttributeKey &key);
 // The top-level properties of every object type, then of every attribute key, in order.
 std::vector<TavoLib::Property::Ptr> allSchemas(TAutoPtr<TavoLib::StylesheetManager const> stylesheets);
 
+// The first property of each kind among allSchemas, children of groups included, in the
+// order in which the editor factory tries the kinds.
+std::vector<TavoLib::Property::Ptr> oneOfEachKind(
+    TAutoPtr<TavoLib::StylesheetManager const> stylesheets);
+
 // The stylesheets of the sample document: several types, display texts and parents.
 TAutoPtr<TavoLib::StylesheetManager> makeStylesheets();
 
