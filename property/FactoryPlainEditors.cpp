@@ -118,6 +118,8 @@ QWidget *PropertyEditorFactory::makeStringEditor(
         }
     } else {
         auto *text = new QTextEdit(container);
+        // A field of a form: Tab goes on to the next field instead of typing a tab.
+        text->setTabChangesFocus(true);
         text->setPlainText(string->value());
         text->setPlaceholderText(string->placeholderText());
         if (!mWithEditorFrame) {

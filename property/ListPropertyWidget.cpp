@@ -287,9 +287,9 @@ void ListPropertyWidget::removeCurrentEntry()
     for (int i = 0; index < 0 && i < mRows.size(); ++i)
         if (mRows.at(i) && mRows.at(i)->isAncestorOf(QApplication::focusWidget()))
             index = i;
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     if (index < 0 || !commitPendingEdit() || !mList || !mList->removeProperty(index))
         return;
-    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     rebuild();
     // The row that takes the deleted one's place gets the focus, else the last, else Add.
     if (hadFocus) {

@@ -7,6 +7,7 @@
 #include "core/StringProperty.h"
 #include "property/ListPropertyWidget.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -78,6 +79,90 @@ private slots:
         QVERIFY(list->isDefined());
         widget.setValues(ListProperty::Ptr());
         QCOMPARE(widget.rowCount(), 0);
+    }
+
+    void typedTextSurvivesTheButtons()
+    {
+        // A cell holds typed, uncommitted text when a button acts: the text is stored first.
+        ListProperty::Ptr list(new ListProperty("names", "Names", new StringProperty("n", "Name"), 0, 9));
+        list->insertProperty(0);
+        list->setUndefinable(true);
+        QWidget window;
+        auto *widget = new ListPropertyWidget(&window);
+        widget->setValues(list);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        auto cell = [&](int row) { return widget->findChildren<QLineEdit *>().value(row); };
+        auto *add = widget->findChild<QToolButton *>("add");
+        auto *undefined = widget->findChild<QToolButton *>("undefined");
+
+        cell(0)->setFocus();
+        QTest::keyClicks(cell(0), "first");
+        QTest::mouseClick(add, Qt::LeftButton);
+        QCOMPARE(TAutoPtr<StringProperty>(list->at(0))->value(), QStringLiteral("first"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(cell(0)->text(), QStringLiteral("first"));
+
+        // Rows follow the form in the tab chain, then Add, then Undefined.
+        cell(0)->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(widget->findChildren<QToolButton *>("delete").first()->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), cell(1));
+        QTest::keyClicks(cell(1), "second");
+        QTest::keyClick(cell(1), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(add));
+        QTest::keyClick(add, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(undefined));
+        QCOMPARE(TAutoPtr<StringProperty>(list->at(1))->value(), QStringLiteral("second"));
+
+        // Delete by keys: the row after takes the focus.
+        cell(0)->setFocus();
+        QTest::keyClick(cell(0), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(list->size(), 1);
+        QCOMPARE(QApplication::focusWidget(), cell(0));
+        QCOMPARE(cell(0)->text(), QStringLiteral("second"));
+
+        // Undefined while a cell is being typed in: the list ends undefined, rows hidden.
+        QTest::keyClick(cell(0), Qt::Key_End);
+        QTest::keyClicks(cell(0), "!");
+        QTest::mouseClick(undefined, Qt::LeftButton);
+        QVERIFY(list->isUndefined());
+        QVERIFY(undefined->isChecked());
+        QCOMPARE(TAutoPtr<StringProperty>(list->at(0))->value(), QStringLiteral("second!"));
+    }
+
+    void aListGivenAgainOrUndefinedByItsHost()
+    {
+        // The same list, changed in place and given again, is shown anew, and its cells
+        // still write.
+        ListProperty::Ptr list(new ListProperty("tabs", "Tabs", new IntegerProperty("tab", "Tab", 0, 0, 99), 0, 9));
+        list->insertProperty(0);
+        ListPropertyWidget widget;
+        widget.setValues(list);
+        widget.show();
+        list->insertProperty(1);
+        TAutoPtr<IntegerProperty>(list->at(0))->setValue(7);
+        widget.setValues(list);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(widget.rowCount(), 2);
+        QCOMPARE(widget.findChildren<QSpinBox *>().first()->value(), 7);
+        widget.setValues(list);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        widget.findChildren<QSpinBox *>().first()->setValue(8);
+        QCOMPARE(TAutoPtr<IntegerProperty>(list->at(0))->value(), 8);
+
+        // Undefined but not undefinable: the button to bring it back is there.
+        list->setUndefined(true);
+        widget.setValues(list);
+        auto *undefined = widget.findChild<QToolButton *>("undefined");
+        QVERIFY(undefined->isVisibleTo(&widget));
+        QTest::mouseClick(undefined, Qt::LeftButton);
+        QVERIFY(list->isDefined());
+        QVERIFY(!undefined->isVisibleTo(&widget));
     }
 };
 
