@@ -7,8 +7,8 @@
 #include "core/Property.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPointer>
@@ -151,10 +151,13 @@ void repopulate(const std::map<Property::Ptr, QPointer<QWidget>> &editors, Popul
 // Applies a short index to the combo box of a brush, pen or line head: the blank row
 // shown when undefined, hidden and the index made current when defined.
 template <class Blank, class SetCurrent>
-void applyIndex(QComboBox *combo, const Property &property, Blank isBlank, SetCurrent setCurrent)
+void applyIndex(QComboBox *combo, const Property &property, Blank isBlank, SetCurrent setCurrent,
+    bool quietRemoval = false)
 {
     if (property.isDefined()) {
+        const bool blocked = quietRemoval ? combo->blockSignals(true) : combo->signalsBlocked();
         hideBlankRow(combo, isBlank);
+        combo->blockSignals(blocked);
         setCurrent();
     } else {
         showBlankRow(combo, isBlank);
@@ -168,6 +171,19 @@ inline QColor colorOf(const CustomColorProperty &color)
     shown.setRgbF(color.red(), color.green(), color.blue(), 1.0);
     return shown;
 }
+
+// Counts up for its lifetime: the factory's apply guard, also right when an exception passes.
+class CountingScope
+{
+public:
+    explicit CountingScope(int &count) : mCount(count) { ++mCount; }
+    ~CountingScope() { --mCount; }
+    CountingScope(const CountingScope &) = delete;
+    CountingScope &operator=(const CountingScope &) = delete;
+
+private:
+    int &mCount;
+};
 
 // A first row is blank when it carries no data (selectors and extended selectors).
 inline bool isBlankData(QComboBox *combo)

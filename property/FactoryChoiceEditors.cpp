@@ -298,7 +298,7 @@ void PropertyEditorFactory::applyStylesheet(
 void PropertyEditorFactory::selectorPropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<SelectorProperty> property(toProperty(sender()));
+    TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)
         return;
     const QVariant data = combo->currentData(Qt::UserRole);
@@ -315,7 +315,7 @@ void PropertyEditorFactory::selectorPropertyChanged(int)
 void PropertyEditorFactory::extendedSelectorPropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<ExtendedSelectorProperty> property(toProperty(sender()));
+    TAutoPtr<ExtendedSelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)
         return;
     const QVariant data = combo->currentData(Qt::UserRole);
@@ -333,7 +333,7 @@ void PropertyEditorFactory::extendedSelectorPropertyChanged(int)
 void PropertyEditorFactory::stylesheetPropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<StylesheetProperty> property(toProperty(sender()));
+    TAutoPtr<StylesheetProperty> property(editedProperty(sender()));
     if (!property || !combo)
         return;
     const QVariant data = combo->currentData(Qt::UserRole);
@@ -353,7 +353,7 @@ void PropertyEditorFactory::stylesheetPropertyChanged(int)
 void PropertyEditorFactory::toolButtonClicked(bool checked)
 {
     auto *button = qobject_cast<QToolButton *>(sender());
-    TAutoPtr<SelectorProperty> property(toProperty(sender()));
+    TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !button || !button->defaultAction())
         return;
     if (!checked && property->isFirstItemVisible()) {
@@ -392,7 +392,7 @@ void PropertyEditorFactory::toolButtonClicked(bool checked)
 void PropertyEditorFactory::toolButtonItemChanged(QAction *action)
 {
     auto *button = qobject_cast<QToolButton *>(sender());
-    TAutoPtr<SelectorProperty> property(toProperty(sender()));
+    TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !button || !action)
         return;
     const QVariant data = action->data();
@@ -406,7 +406,8 @@ void PropertyEditorFactory::toolButtonItemChanged(QAction *action)
     emit propertyChanged(property);
 }
 
-void PropertyEditorFactory::showMenuButtonItem(QToolButton *button, TAutoPtr<SelectorProperty> selector)
+void PropertyEditorFactory::showMenuButtonItem(
+    QToolButton *button, TAutoPtr<SelectorProperty> selector)
 {
     if (!button->menu())
         return;
@@ -441,7 +442,8 @@ void PropertyEditorFactory::focusCheckedButton(QWidget *container)
     if (!container)
         return;
     QToolButton *target = nullptr;
-    for (QToolButton *button : container->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (QToolButton *button :
+        container->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {
         if (!target)
             target = button;
         if (button->defaultAction() && button->defaultAction()->isChecked()) {

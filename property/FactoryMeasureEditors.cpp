@@ -310,7 +310,7 @@ void PropertyEditorFactory::applyUnitValueSelector(
 void PropertyEditorFactory::doublePropertyChanged(double)
 {
     auto *spin = qobject_cast<MyDoubleSpinBox *>(sender());
-    TAutoPtr<UnitValueProperty> property(toProperty(sender()));
+    TAutoPtr<UnitValueProperty> property(editedProperty(sender()));
     if (!property || !spin)
         return;
     const bool empty = spin->unitEdit()->text().isEmpty();
@@ -327,7 +327,7 @@ void PropertyEditorFactory::doublePropertyChanged(double)
 void PropertyEditorFactory::referenceSizeTypeChanged()
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<FontSizeProperty> property(toProperty(sender()));
+    TAutoPtr<FontSizeProperty> property(editedProperty(sender()));
     if (!property || !combo)
         return;
     const QVariant data = combo->currentData(Qt::UserRole);
@@ -389,7 +389,7 @@ void PropertyEditorFactory::unitValuePresetChanged(int itemIndex)
 void PropertyEditorFactory::fontSizeChanged(const UnitValue &)
 {
     auto *edit = qobject_cast<Ta_UnitEdit *>(sender());
-    const TAutoPtr<Property> property(toProperty(sender()));
+    const TAutoPtr<Property> property(editedProperty(sender()));
     if (edit && property)
         showFontSizeReference(property, edit);
 }
@@ -411,7 +411,7 @@ void PropertyEditorFactory::showFontSizeReference(TAutoPtr<Property> property, T
     const bool blank = !combo->itemData(0, Qt::UserRole).isValid();
     if (ok && blank) {
         combo->removeItem(0);
-        if (TAutoPtr<FontSizeProperty> size{ property })
+        if (TAutoPtr<FontSizeProperty> size { property })
             combo->setCurrentIndex(
                 size->referenceSizeType() == FontSizeProperty::CapHeight ? 1 : 0);
     } else if (!ok && !blank) {
@@ -424,7 +424,7 @@ void PropertyEditorFactory::showFontSizeReference(TAutoPtr<Property> property, T
 void PropertyEditorFactory::unitValueSelectorPropertyChanged(const UnitValue &)
 {
     auto *spin = qobject_cast<MyDoubleSpinBox *>(sender());
-    TAutoPtr<UnitValueSelectorProperty> property(toProperty(sender()));
+    TAutoPtr<UnitValueSelectorProperty> property(editedProperty(sender()));
     if (!property || !spin)
         return;
     Ta_UnitEdit *edit = spin->unitEdit();
@@ -448,7 +448,7 @@ void PropertyEditorFactory::unitValueSelectorPropertyChanged(const UnitValue &)
 void PropertyEditorFactory::unitValueSelectorPropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<UnitValueSelectorProperty> property(toProperty(sender()));
+    TAutoPtr<UnitValueSelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)
         return;
     const int previous = property->value();

@@ -150,7 +150,7 @@ QWidget *PropertyEditorFactory::makeStringEditor(
         auto *line = static_cast<QLineEdit *>(edit);
         connect(line, &QLineEdit::textChanged, this, &PropertyEditorFactory::stringPropertyChanged);
         connect(line, &QLineEdit::editingFinished, this, [this, line] {
-            TAutoPtr<StringProperty> pending(toProperty(static_cast<QObject *>(line)));
+            TAutoPtr<StringProperty> pending(editedProperty(line));
             if (pending && !mWarning && line->text() != pending->value())
                 commitString(pending, line, true, true);
         });
@@ -424,7 +424,7 @@ void PropertyEditorFactory::applyCustomColor(
 void PropertyEditorFactory::integerPropertyChanged(int value)
 {
     auto *spin = qobject_cast<QSpinBox *>(sender());
-    TAutoPtr<IntegerProperty> property(toProperty(sender()));
+    TAutoPtr<IntegerProperty> property(editedProperty(sender()));
     if (!property || !spin)
         return;
     if (property->value() != value)
@@ -435,7 +435,7 @@ void PropertyEditorFactory::integerPropertyChanged(int value)
 
 void PropertyEditorFactory::stringPropertyChanged()
 {
-    TAutoPtr<StringProperty> property(toProperty(sender()));
+    TAutoPtr<StringProperty> property(editedProperty(sender()));
     if (!property || mWarning)
         return;
     auto *box = qobject_cast<QCheckBox *>(sender());
@@ -477,9 +477,9 @@ void PropertyEditorFactory::commitString(
         } else if (commit) {
             // The text stays in the field for correction; the property keeps its value.
             mWarning = true;
-            QPointer<QMessageBox> message = new QMessageBox(QMessageBox::Warning,
-                tr("Invalid entry"), tr("That is the wrong value!"), QMessageBox::Ok,
-                edit->parentWidget());
+            QPointer<QMessageBox> message
+                = new QMessageBox(QMessageBox::Warning, tr("Invalid entry"),
+                    tr("That is the wrong value!"), QMessageBox::Ok, edit->parentWidget());
             message->exec();
             delete message.data();
             mWarning = false;
@@ -504,7 +504,8 @@ void PropertyEditorFactory::refreshExample(TAutoPtr<StringProperty> property)
         label->setText(property->exampleController()->example(property));
 }
 
-void PropertyEditorFactory::showReadOnlyString(QLabel *icon, QLabel *text, const StringProperty &string)
+void PropertyEditorFactory::showReadOnlyString(
+    QLabel *icon, QLabel *text, const StringProperty &string)
 {
     // decided: an undefined read-only text shows empty, when made as after an apply.
     text->setText(string.isDefined() ? translate(string.value()) : QString());
@@ -516,7 +517,7 @@ void PropertyEditorFactory::showReadOnlyString(QLabel *icon, QLabel *text, const
 
 void PropertyEditorFactory::boolPropertyChanged()
 {
-    TAutoPtr<BoolProperty> property(toProperty(sender()));
+    TAutoPtr<BoolProperty> property(editedProperty(sender()));
     if (!property)
         return;
     if (auto *button = qobject_cast<QToolButton *>(sender())) {
@@ -540,7 +541,7 @@ void PropertyEditorFactory::boolPropertyChanged()
 void PropertyEditorFactory::activatableGroupStateChanged()
 {
     auto *box = qobject_cast<QCheckBox *>(sender());
-    TAutoPtr<ActivatableGroupProperty> property(toProperty(sender()));
+    TAutoPtr<ActivatableGroupProperty> property(editedProperty(sender()));
     if (!property || !box)
         return;
     property->setUndefined(box->checkState() == Qt::PartiallyChecked);
@@ -551,7 +552,7 @@ void PropertyEditorFactory::activatableGroupStateChanged()
 void PropertyEditorFactory::customColorPropertyChanged()
 {
     auto *view = qobject_cast<Ta_ColorView *>(sender());
-    TAutoPtr<CustomColorProperty> property(toProperty(sender()));
+    TAutoPtr<CustomColorProperty> property(editedProperty(sender()));
     if (!property || !view)
         return;
     const QColor color = view->color();
@@ -564,7 +565,7 @@ void PropertyEditorFactory::customColorPropertyChanged()
 
 void PropertyEditorFactory::listSizeChanged(int newSize)
 {
-    TAutoPtr<ListProperty> property(toProperty(sender()));
+    TAutoPtr<ListProperty> property(editedProperty(sender()));
     if (!property)
         return;
     // A list that refuses an element (no master, or at its maximum) stays as it is.
@@ -579,7 +580,7 @@ void PropertyEditorFactory::listSizeChanged(int newSize)
 
 void PropertyEditorFactory::listWidgetPropertiesChanged()
 {
-    TAutoPtr<ListProperty> property(toProperty(sender()));
+    TAutoPtr<ListProperty> property(editedProperty(sender()));
     if (property)
         emit propertyChanged(property);
 }
@@ -593,7 +594,7 @@ void PropertyEditorFactory::insertPredefineAction(QAction *action)
             line->insert(action->data().toString());
             // decided: a predefine is committed at once, whatever the field's connection:
             // the menu's button takes no focus, so no focus-out would commit it.
-            TAutoPtr<StringProperty> property(toProperty(static_cast<QObject *>(line)));
+            TAutoPtr<StringProperty> property(editedProperty(line));
             const bool live = property && (mLiveStringUpdates || property->exampleController());
             if (property && (!live || line->text() != property->value()))
                 commitString(property, line, true, true);

@@ -139,16 +139,10 @@ void PropertyEditorFactory::applyBrush(
     if (!combo || !mBrushProvider)
         return;
     const BrushControllerQt controller(mBrushProvider);
-    const auto blank = [&](QComboBox *c) { return controller.brushAt(0, c) == NoIndex; };
-    if (brush->isDefined()) {
-        // Only for brushes are the rows removed with the combo box's signals blocked.
-        const bool blocked = combo->blockSignals(true);
-        hideBlankRow(combo, blank);
-        combo->blockSignals(blocked);
-        controller.setCurrentBrush(combo, brush->brush());
-    } else {
-        showBlankRow(combo, blank);
-    }
+    // Only for brushes are the rows removed with the combo box's signals blocked.
+    applyIndex(
+        combo, *brush, [&](QComboBox *c) { return controller.brushAt(0, c) == NoIndex; },
+        [&] { controller.setCurrentBrush(combo, brush->brush()); }, true);
 }
 
 void PropertyEditorFactory::applyPenStyle(
@@ -219,7 +213,7 @@ void PropertyEditorFactory::updateFontEditors(bool force)
         controller.populateFamilies(family, -1, false);
         // The "any" row of an undefinable font comes back with the list, as the blank row
         // of a brush, pen or line head does.
-        if (TAutoPtr<FontProperty> font{ entry.first })
+        if (TAutoPtr<FontProperty> font { entry.first })
             if (font->isUndefinable())
                 insertAnyFamilyRow(family);
         family->blockSignals(blocked);
@@ -235,11 +229,10 @@ void PropertyEditorFactory::updateBrushEditors(bool force)
     if (!mBrushProvider || (!force && mBrushProvider->hash() == mBrushProviderStamp))
         return;
     const BrushControllerQt controller(mBrushProvider);
-    ++mApplying;
+    const CountingScope applying(mApplying);
     repopulate<BrushProperty>(mBrushEditors, [&](QComboBox *combo, const BrushProperty &p) {
         controller.populate(combo, p.onlyColors(), p.isUndefined() ? NoIndex : p.brush());
     });
-    --mApplying;
     mBrushProviderStamp = mBrushProvider->hash();
 }
 
@@ -248,12 +241,11 @@ void PropertyEditorFactory::updatePenStyleEditors(bool)
     if (!mPenStyleProvider)
         return;
     const PenStyleControllerQt controller(mPenStyleProvider);
-    ++mApplying;
+    const CountingScope applying(mApplying);
     repopulate<PenStyleProperty>(
         mPenStyleEditors, [&](QComboBox *combo, const PenStyleProperty &p) {
             controller.populate(combo, p.isUndefined() ? NoIndex : p.penStyle());
         });
-    --mApplying;
 }
 
 void PropertyEditorFactory::updateLineHeadStyleEditors(bool)
@@ -261,18 +253,17 @@ void PropertyEditorFactory::updateLineHeadStyleEditors(bool)
     if (!mLineHeadStyleProvider)
         return;
     const LineHeadStyleControllerQt controller(mLineHeadStyleProvider);
-    ++mApplying;
+    const CountingScope applying(mApplying);
     repopulate<LineHeadStyleProperty>(
         mLineHeadStyleEditors, [&](QComboBox *combo, const LineHeadStyleProperty &p) {
             controller.populate(p.isAtLineEnd(), combo, p.isUndefined() ? NoIndex : p.style());
         });
-    --mApplying;
 }
 
 void PropertyEditorFactory::brushPropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<BrushProperty> property(toProperty(sender()));
+    TAutoPtr<BrushProperty> property(editedProperty(sender()));
     if (!property || !combo || !mBrushProvider)
         return;
     writeIndex(*property, BrushControllerQt(mBrushProvider).currentBrush(combo),
@@ -283,7 +274,7 @@ void PropertyEditorFactory::brushPropertyChanged(int)
 void PropertyEditorFactory::penStylePropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<PenStyleProperty> property(toProperty(sender()));
+    TAutoPtr<PenStyleProperty> property(editedProperty(sender()));
     if (!property || !combo || !mPenStyleProvider)
         return;
     writeIndex(*property, PenStyleControllerQt(mPenStyleProvider).currentPenStyle(combo),
@@ -294,7 +285,7 @@ void PropertyEditorFactory::penStylePropertyChanged(int)
 void PropertyEditorFactory::lineHeadStylePropertyChanged(int)
 {
     auto *combo = qobject_cast<QComboBox *>(sender());
-    TAutoPtr<LineHeadStyleProperty> property(toProperty(sender()));
+    TAutoPtr<LineHeadStyleProperty> property(editedProperty(sender()));
     if (!property || !combo || !mLineHeadStyleProvider)
         return;
     writeIndex(*property, LineHeadStyleControllerQt(mLineHeadStyleProvider).currentStyle(combo),
@@ -304,7 +295,7 @@ void PropertyEditorFactory::lineHeadStylePropertyChanged(int)
 
 void PropertyEditorFactory::fontFamilyPropertyChanged()
 {
-    const FontControls controls = toFontControls(toProperty(sender()));
+    const FontControls controls = toFontControls(editedProperty(sender()));
     auto *family = qobject_cast<QComboBox *>(controls.family.data());
     auto *style = qobject_cast<QComboBox *>(controls.style.data());
     if (!family || !style)
@@ -350,7 +341,7 @@ void PropertyEditorFactory::fontStylePropertyChanged()
 
 void PropertyEditorFactory::fontPropertyChanged()
 {
-    TAutoPtr<FontProperty> property(toProperty(sender()));
+    TAutoPtr<FontProperty> property(editedProperty(sender()));
     if (!property)
         return;
     const FontControls controls = toFontControls(property);

@@ -9,8 +9,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
-#include <QVariant>
 #include <QVBoxLayout>
+#include <QVariant>
 
 namespace TavoLib {
 
@@ -25,8 +25,7 @@ bool isColumns(const TAutoPtr<Property> &element)
 
 } // namespace
 
-ListPropertyWidget::ListPropertyWidget(QWidget *parent)
-    : QWidget(parent)
+ListPropertyWidget::ListPropertyWidget(QWidget *parent) : QWidget(parent)
 {
     // The rows' editors lie inside this widget's own frame.
     mFactory.setWithEditorFrame(false);
@@ -58,7 +57,8 @@ ListPropertyWidget::ListPropertyWidget(QWidget *parent)
     mUndefinedButton->setCheckable(true);
     mUndefinedButton->setFocusPolicy(Qt::StrongFocus);
     mUndefinedButton->setToolTip(tr("Leave the list undefined, or give it entries again"));
-    connect(mUndefinedButton, &QToolButton::clicked, this, &ListPropertyWidget::undefinedButtonClicked);
+    connect(
+        mUndefinedButton, &QToolButton::clicked, this, &ListPropertyWidget::undefinedButtonClicked);
     buttons->addWidget(mUndefinedButton);
     buttons->addStretch(1);
     layout->addLayout(buttons);
@@ -234,8 +234,8 @@ void ListPropertyWidget::updateButtons()
     // button is its way back to entries.
     mUndefinedButton->setVisible(mList && (mList->isUndefinable() || undefined));
     mUndefinedButton->setChecked(undefined);
-    mAddButton->setEnabled(mList && !undefined && mList->masterProperty()
-        && mList->size() < mList->maximum());
+    mAddButton->setEnabled(
+        mList && !undefined && mList->masterProperty() && mList->size() < mList->maximum());
     const bool canRemove = mList && mList->size() > mList->minimum();
     for (const QPointer<QWidget> &row : qAsConst(mRows))
         if (row)

@@ -141,7 +141,7 @@ TAutoPtr<Property> PropertyEditorFactory::toProperty(QWidget *editor) const
     return TAutoPtr<Property>();
 }
 
-TAutoPtr<Property> PropertyEditorFactory::toProperty(QObject *sender) const
+TAutoPtr<Property> PropertyEditorFactory::editedProperty(QObject *sender) const
 {
     // While values are applied the widgets signal as their rows change; those signals are
     // not edits and must not write into the property being applied.
@@ -349,9 +349,8 @@ void PropertyEditorFactory::applyPropertyValues(
     }
     // The widgets signal as their rows and values change; those signals must not write into
     // the property being applied, so the slots stand still until the end.
-    ++mApplying;
+    const CountingScope applying(mApplying);
     applyValues(property, widgets);
-    --mApplying;
 }
 
 void PropertyEditorFactory::applyValues(

@@ -237,7 +237,9 @@ private:
     void applyCustomColor(TAutoPtr<CustomColorProperty> color, const QList<QWidget *> &widgets);
     void fontPropertyChanged();
     TAutoPtr<Property> toProperty(QWidget *editor) const;
-    TAutoPtr<Property> toProperty(QObject *sender) const;
+    // The property behind the sender of an edit signal; null while values are applied, when
+    // the widgets' signals are no edits. toProperty(QWidget *) looks up without that rule.
+    TAutoPtr<Property> editedProperty(QObject *sender) const;
     FontControls toFontControls(TAutoPtr<Property> property) const;
     bool writesAllowed() const { return mApplying == 0; }
     // The parts made for every kind: names for assistive technology, the wheel guard.
