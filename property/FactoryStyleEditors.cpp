@@ -20,55 +20,59 @@ namespace TavoLib {
 
 using namespace EditorKit;
 
+QComboBox *PropertyEditorFactory::makeIndexCombo(const Property::Ptr &property, QWidget *parent,
+    EditorMap &editors, std::map<Property::Ptr, QPointer<QWidget>> &combos,
+    const std::function<void(QComboBox *)> &populate, void (PropertyEditorFactory::*slot)(int))
+{
+    QComboBox *combo = newCombo(parent, false);
+    if (property->isUndefinable())
+        addBlankRow(combo);
+    populate(combo);
+    connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, slot);
+    combos[property] = combo;
+    registerEditor(combo, editors, property);
+    return combo;
+}
+
 QWidget *PropertyEditorFactory::makeBrushEditor(
     TAutoPtr<BrushProperty> brush, QWidget *parent, EditorMap &editors)
 {
-    const Property::Ptr property(brush);
-    QComboBox *combo = newCombo(parent, false);
-    if (brush->isUndefinable())
-        addBlankRow(combo);
-    if (mBrushProvider)
-        BrushControllerQt(mBrushProvider)
-            .populate(combo, brush->onlyColors(), brush->isUndefined() ? NoIndex : brush->brush());
-    connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    return makeIndexCombo(
+        brush, parent, editors, mBrushEditors,
+        [&](QComboBox *combo) {
+            if (mBrushProvider)
+                BrushControllerQt(mBrushProvider)
+                    .populate(combo, brush->onlyColors(),
+                        brush->isUndefined() ? NoIndex : brush->brush());
+        },
         &PropertyEditorFactory::brushPropertyChanged);
-    mBrushEditors[property] = combo;
-    registerEditor(combo, editors, property);
-    return combo;
 }
 
 QWidget *PropertyEditorFactory::makePenStyleEditor(
     TAutoPtr<PenStyleProperty> pen, QWidget *parent, EditorMap &editors)
 {
-    const Property::Ptr property(pen);
-    QComboBox *combo = newCombo(parent, false);
-    if (pen->isUndefinable())
-        addBlankRow(combo);
-    if (mPenStyleProvider)
-        PenStyleControllerQt(mPenStyleProvider)
-            .populate(combo, pen->isUndefined() ? NoIndex : pen->penStyle());
-    connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    return makeIndexCombo(
+        pen, parent, editors, mPenStyleEditors,
+        [&](QComboBox *combo) {
+            if (mPenStyleProvider)
+                PenStyleControllerQt(mPenStyleProvider)
+                    .populate(combo, pen->isUndefined() ? NoIndex : pen->penStyle());
+        },
         &PropertyEditorFactory::penStylePropertyChanged);
-    mPenStyleEditors[property] = combo;
-    registerEditor(combo, editors, property);
-    return combo;
 }
 
 QWidget *PropertyEditorFactory::makeLineHeadStyleEditor(
     TAutoPtr<LineHeadStyleProperty> head, QWidget *parent, EditorMap &editors)
 {
-    const Property::Ptr property(head);
-    QComboBox *combo = newCombo(parent, false);
-    if (head->isUndefinable())
-        addBlankRow(combo);
-    if (mLineHeadStyleProvider)
-        LineHeadStyleControllerQt(mLineHeadStyleProvider)
-            .populate(head->isAtLineEnd(), combo, head->isUndefined() ? NoIndex : head->style());
-    connect(combo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    return makeIndexCombo(
+        head, parent, editors, mLineHeadStyleEditors,
+        [&](QComboBox *combo) {
+            if (mLineHeadStyleProvider)
+                LineHeadStyleControllerQt(mLineHeadStyleProvider)
+                    .populate(
+                        head->isAtLineEnd(), combo, head->isUndefined() ? NoIndex : head->style());
+        },
         &PropertyEditorFactory::lineHeadStylePropertyChanged);
-    mLineHeadStyleEditors[property] = combo;
-    registerEditor(combo, editors, property);
-    return combo;
 }
 
 QWidget *PropertyEditorFactory::makeFontEditor(

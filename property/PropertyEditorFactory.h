@@ -21,6 +21,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <map>
 
 class QAction;
@@ -208,6 +209,10 @@ private:
         TAutoPtr<UnitValueProperty> measure, QWidget *parent, EditorMap &editors);
     QWidget *makeUnitValueSelectorEditor(
         TAutoPtr<UnitValueSelectorProperty> measures, QWidget *parent, EditorMap &editors);
+    // The combo box of a brush, pen or line head: blank row, list, wiring, side entry.
+    QComboBox *makeIndexCombo(const Property::Ptr &property, QWidget *parent, EditorMap &editors,
+        std::map<Property::Ptr, QPointer<QWidget>> &combos,
+        const std::function<void(QComboBox *)> &populate, void (PropertyEditorFactory::*slot)(int));
     bool isFormTheme() const;
     int gapWidth() const;
     QComboBox *newCombo(QWidget *parent, bool selectorCombo) const;
