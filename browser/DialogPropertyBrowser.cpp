@@ -5,7 +5,14 @@
 #include "property/ListPropertyWidget.h"
 #include "propertybrowser/QtBrowserItem.h"
 
+#include "widgets/TabChain_p.h"
+
+#include <QApplication>
 #include <QFrame>
+#include <QPointer>
+
+#include <functional>
+#include <utility>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -14,6 +21,27 @@
 namespace TavoLib {
 
 namespace {
+
+// Gives the focus back to the widget inside `editor` that had it, once the editor has been
+// moved to another parent.
+class FocusKeeper
+{
+public:
+    explicit FocusKeeper(QWidget *editor)
+    {
+        QWidget *focused = QApplication::focusWidget();
+        if (editor && focused && (focused == editor || editor->isAncestorOf(focused)))
+            mFocused = focused;
+    }
+    ~FocusKeeper()
+    {
+        if (mFocused && mFocused->isVisible() && !mFocused->hasFocus())
+            mFocused->setFocus(Qt::OtherFocusReason);
+    }
+
+private:
+    QPointer<QWidget> mFocused;
+};
 
 QGridLayout *gridOf(QWidget *widget)
 {
@@ -94,17 +122,26 @@ void DialogPropertyBrowser::fitLabel(QLabel *label)
         label->setFixedWidth(int(double(mLabelWidth) - double(labelOffset(label))));
 }
 
+// kept on purpose: `afterItem` is not used; a row is appended to its grid, so the
+// framework's item order and the form's order may differ.
 void DialogPropertyBrowser::itemInserted(QtBrowserItem *item, QtBrowserItem *)
 {
     TAutoPtr<WidgetInfo> info(new WidgetInfo);
     info->mEditor = createEditor(item->property(), this);
+    if (info->mEditor)
+        info->mEditor->setEnabled(item->property()->isEnabled());
     info->mLabel = new QLabel(this);
     info->mLabel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    // A name is text, never markup; with a buddy an "&" would become a mnemonic.
+    info->mLabel->setTextFormat(Qt::PlainText);
     QString text = item->property()->propertyName();
     if (!text.endsWith(QLatin1Char(':')))
         text += QLatin1Char(':');
-    info->mLabel->setText(text);
+    info->mLabel->setText(QString(text).replace(QLatin1Char('&'), QLatin1String("&&")));
+    if (info->mEditor)
+        info->mLabel->setBuddy(info->mEditor);
     mWidgetInfos[item] = info;
+    scheduleTabOrder();
 
     QGridLayout *grid = static_cast<QGridLayout *>(layout());
     if (QtBrowserItem *parent = item->parent()) {
@@ -165,6 +202,9 @@ void DialogPropertyBrowser::promote(WidgetInfo &parent)
     int column = 0;
     if (!outer || !positionIn(outer, label, &row, &column))
         return;
+    // Moving a widget to another parent takes the focus out of it: the editor the user is
+    // working in (a choice that brings new rows) keeps it.
+    const FocusKeeper keeper(parent.mEditor);
     outer->removeWidget(label);
     if (parent.mEditor)
         outer->removeWidget(parent.mEditor);
@@ -174,6 +214,7 @@ void DialogPropertyBrowser::promote(WidgetInfo &parent)
         // A heading: a framed group titled by the label.
         auto *box = new QGroupBox(this);
         box->setFlat(false);
+        // The label's text has its "&" doubled already, as a title needs it too.
         QString title = label->text();
         if (title.endsWith(QLatin1Char(':')))
             title.chop(1);
@@ -222,6 +263,7 @@ void DialogPropertyBrowser::demote(WidgetInfo &parent)
     int column = 0;
     if (!inner || !outer || !positionIn(outer, container, &row, &column))
         return;
+    const FocusKeeper keeper(parent.mEditor);
     inner->removeWidget(parent.mLabel);
     if (parent.mEditor)
         inner->removeWidget(parent.mEditor);
@@ -248,17 +290,31 @@ void DialogPropertyBrowser::itemRemoved(QtBrowserItem *item)
         return;
     const TAutoPtr<WidgetInfo> info = found->second;
     const bool widest = info->mLabel && labelWidth(info->mLabel) >= mLabelWidth;
+    // The entry goes first and its pointers are taken: hiding a focused editor commits it,
+    // and whatever that sets off may come back here for the same row.
+    mWidgetInfos.erase(found);
+    QWidget *editor = std::exchange(info->mEditor, nullptr);
+    QLabel *label = std::exchange(info->mLabel, nullptr);
+    QWidget *container = std::exchange(info->mContainer, nullptr);
+    delete label;
     // The editor may be the very widget whose signal led here (a host reloading from a
     // change handler, a focus-out being delivered): it leaves the form now and is deleted
     // once control is back in the event loop.
-    if (info->mEditor) {
-        info->mEditor->hide();
-        info->mEditor->setParent(this);
-        info->mEditor->deleteLater();
+    if (editor) {
+        editor->hide();
+        editor->setParent(this);
+        editor->deleteLater();
     }
-    delete info->mLabel;
-    delete info->mContainer;
-    mWidgetInfos.erase(found);
+    delete container;
+    if (mWidgetInfos.empty()) {
+        // A grid never gives its rows back: an empty browser starts on a fresh one, so that
+        // reloads do not stack forms below each other.
+        delete layout();
+        auto *grid = new QGridLayout(this);
+        grid->setContentsMargins(0, 0, 0, 0);
+        mLabelWidth = -1;
+        return;
+    }
 
     // The framework still counts the item: one child left means the last one is going.
     QtBrowserItem *parent = item->parent();
@@ -276,9 +332,51 @@ void DialogPropertyBrowser::itemRemoved(QtBrowserItem *item)
         setMaxLabelWidth(maxLabelWidth());
 }
 
-void DialogPropertyBrowser::itemChanged(QtBrowserItem *)
+void DialogPropertyBrowser::itemChanged(QtBrowserItem *item)
 {
-    // Editors follow their values through the editor factory.
+    // Editors follow their values through the editor factory; the enabled state of a row
+    // (a switchable group's children) is the browser's to show.
+    auto found = mWidgetInfos.find(item);
+    if (found != mWidgetInfos.end() && found->second->mEditor)
+        found->second->mEditor->setEnabled(item->property()->isEnabled());
+}
+
+QWidget *DialogPropertyBrowser::editorOf(QtBrowserItem *item) const
+{
+    auto found = mWidgetInfos.find(item);
+    return found == mWidgetInfos.end() ? nullptr : found->second->mEditor;
+}
+
+QList<QtBrowserItem *> DialogPropertyBrowser::itemsInFormOrder() const
+{
+    QList<QtBrowserItem *> result;
+    std::function<void(QtBrowserItem *)> visit = [&](QtBrowserItem *item) {
+        result.append(item);
+        for (QtBrowserItem *child : item->children())
+            visit(child);
+    };
+    for (QtBrowserItem *item : topLevelItems())
+        visit(item);
+    return result;
+}
+
+void DialogPropertyBrowser::scheduleTabOrder()
+{
+    // Once per batch of rows, when control is back in the event loop: a load of many rows
+    // does not lay the chain again per row.
+    if (mTabOrderPending)
+        return;
+    mTabOrderPending = true;
+    QMetaObject::invokeMethod(this, [this] { updateTabOrder(); }, Qt::QueuedConnection);
+}
+
+void DialogPropertyBrowser::updateTabOrder()
+{
+    mTabOrderPending = false;
+    QList<QWidget *> chain;
+    for (QtBrowserItem *item : itemsInFormOrder())
+        chain += TabChain::stops(editorOf(item));
+    TabChain::link(this, chain);
 }
 
 } // namespace TavoLib

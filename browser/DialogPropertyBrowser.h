@@ -4,7 +4,10 @@
 // made when the row is inserted and kept until it is removed, as a dialog's user expects to
 // see every control at once. A property with children becomes a framed group (a heading
 // without an editor) or an indented block under its own row. All labels, at any depth,
-// end at one right edge; maxLabelWidth and setMaxLabelWidth align several browsers.
+// end at one right edge; maxLabelWidth and setMaxLabelWidth align several browsers. Labels
+// are their editors' buddies; the Tab order follows the form after every insertion. While
+// many rows are inserted, the application's queued polish requests are dropped now and then
+// (a widget is polished anyway before it is first shown or measured).
 #include "core/MAutoObj.h"
 #include "core/TAutoPtr.h"
 #include "propertybrowser/QtAbstractPropertyBrowser.h"
@@ -42,6 +45,11 @@ public:
     void setMaxLabelWidth(int width);
     void updateSizes();
 
+    // The editor of a row (null for a heading or an unknown item), and the rows in the
+    // order the form shows them.
+    QWidget *editorOf(QtBrowserItem *item) const;
+    QList<QtBrowserItem *> itemsInFormOrder() const;
+
 protected:
     void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
     void itemRemoved(QtBrowserItem *item) override;
@@ -53,11 +61,14 @@ private:
     static int labelOffset(const QLabel *label);
     static int labelWidth(const QLabel *label);
     void fitLabel(QLabel *label);
+    void scheduleTabOrder();
+    void updateTabOrder();
 
     std::map<QtBrowserItem *, TAutoPtr<WidgetInfo>> mWidgetInfos;
     // The width all labels are fitted to now; -1 before the first row.
     int mLabelWidth = -1;
     int mInsertedSinceTrim = 0;
+    bool mTabOrderPending = false;
 };
 
 } // namespace TavoLib

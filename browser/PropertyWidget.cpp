@@ -1,12 +1,15 @@
 #include "browser/PropertyWidget.h"
 
 #include "core/BoolProperty.h"
+#include "propertybrowser/QtBrowserItem.h"
 #include "core/IntegerProperty.h"
 #include "core/SelectorProperty.h"
 #include "core/StringProperty.h"
 #include "core/UnitValueProperty.h"
 
+#include <QApplication>
 #include <QGroupBox>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -40,7 +43,9 @@ PropertyWidget::PropertyWidget(QWidget *parent, const QString &title, bool liveS
     mManager = new ViewPropertyManager(mBrowser);
     if (mBrowser->addFactory(mManager, &mFactory))
         mFactory.addPropertyManager(mManager);
-    connect(mManager, &QtAbstractPropertyManager::propertyChanged, this,
+    // Edits only, once the manager and the browser are done: a change of a row's enabled
+    // state reaches its editor through the browser and is no edit.
+    connect(mManager, &ViewPropertyManager::propertyEdited, this,
         &PropertyWidget::slotPropertyChanged);
 }
 
@@ -137,10 +142,46 @@ void PropertyWidget::setProperties(const std::list<TAutoPtr<const PropertyableOb
 
 void PropertyWidget::setItems(const std::list<TAutoPtr<const PropertyWidgetItem>> &items)
 {
+    // The row that has the focus gets it back after the reload: the editor of the same
+    // owner and name, else the first editor.
+    QWidget *focused = QApplication::focusWidget();
+    const bool hadFocus = focused && isAncestorOf(focused);
+    TAutoPtr<const PropertyableObject> focusOwner;
+    QString focusName;
+    if (hadFocus) {
+        for (QWidget *w = focused; w && w != this; w = w->parentWidget())
+            if (ViewProperty *row = mFactory.toProperty(w)) {
+                focusOwner = row->owner();
+                focusName = row->data() ? row->data()->uniqueName() : QString();
+                break;
+            }
+    }
     clearProperties();
     for (const auto &item : items)
         if (item && item->properties())
             insertPropertyableObjectWithProperties(item->propertiesOwner(), *item->properties(), nullptr);
+    if (hadFocus)
+        restoreFocus(focusOwner, focusName);
+}
+
+void PropertyWidget::restoreFocus(TAutoPtr<const PropertyableObject> owner, const QString &name)
+{
+    QWidget *first = nullptr;
+    QWidget *same = nullptr;
+    for (QtBrowserItem *item : mBrowser->itemsInFormOrder()) {
+        QWidget *editor = mBrowser->editorOf(item);
+        if (!editor || !editor->isEnabled() || editor->focusPolicy() == Qt::NoFocus)
+            continue;
+        if (!first)
+            first = editor;
+        const ViewProperty *row = mManager->toViewProperty(item->property());
+        if (row->owner() == owner && row->data() && row->data()->uniqueName() == name) {
+            same = editor;
+            break;
+        }
+    }
+    if (QWidget *target = same ? same : first)
+        target->setFocus(Qt::OtherFocusReason);
 }
 
 void PropertyWidget::insertPropertyableObject(TAutoPtr<const PropertyableObject> object, QtProperty *)
@@ -172,16 +213,7 @@ void PropertyWidget::insertPropertyableObjectWithProperties(TAutoPtr<const Prope
         else
             mBrowser->addProperty(view);
     }
-    // The manager lists top-level rows only; the rows below (the children of an inactive
-    // group, say) need their editors' enabled state too.
-    std::function<void(QtProperty *)> enable = [&](QtProperty *property) {
-        if (ViewProperty *view = mManager->toViewProperty(property))
-            mFactory.enablePropertyEditors(view);
-        for (QtProperty *child : property->subProperties())
-            enable(child);
-    };
-    for (QtProperty *property : mManager->properties())
-        enable(property);
+    // Each editor took its row's enabled state when the browser placed it.
 }
 
 std::list<TAutoPtr<const PropertyWidgetItem>> PropertyWidget::getItems(bool onlyChanged)
@@ -223,15 +255,18 @@ void PropertyWidget::changeItems(const std::list<TAutoPtr<const PropertyWidgetIt
         for (const Property::Ptr &value : *item->properties())
             if (!values.contains(value->uniqueName()))
                 values.insert(value->uniqueName(), value);
-        changePropertyValues(edited->second, values);
+        changePropertyValues(edited->second, values, item->propertiesOwner());
     }
 }
 
-void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values)
+void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values,
+    TAutoPtr<const PropertyableObject> owner)
 {
+    // kept on purpose: a property inside a group is looked up among the top-level names of
+    // the new values, so a new value inside a group of the new dictionary is not seen.
     if (TAutoPtr<GroupProperty> group{ property }) {
         for (const auto &child : *group)
-            changePropertyValues(child, values);
+            changePropertyValues(child, values, owner);
         return;
     }
     // kept on purpose: only these kinds take new values here; the others keep theirs.
@@ -243,18 +278,25 @@ void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const Val
     if (!found || found->toString() == property->toString())
         return;
     property->copyValueFrom(*found);
-    mFactory.applyPropertyValues(property, QString());
+    // Only the editors of this owner's rows: the same name in another object's rows keeps
+    // its own property.
+    mFactory.applyPropertyValues(property, ViewEditorFactory::ownerIdentifier(owner));
 }
 
 void PropertyWidget::slotPropertyChanged(QtProperty *property)
 {
     if (mLoading > 0)
         return;
+    // A listener may reload or delete the panel: nothing of it is touched after the first
+    // signal but through this guard, and the property lives in a local.
+    QPointer<PropertyWidget> self(this);
     if (ViewProperty *view = property ? mManager->toViewProperty(property) : nullptr) {
         mFactory.enablePropertyEditors(view);
-        emit signalPropertyChanged(view->data());
+        const Property::Ptr data = view->data();
+        emit signalPropertyChanged(data);
     }
-    emit signalPropertyChanged();
+    if (self)
+        emit signalPropertyChanged();
 }
 
 } // namespace TavoLib

@@ -32,10 +32,16 @@ public:
     void setProperties(const std::list<TAutoPtr<const PropertyableObject>> &objects);
     void setItems(const std::list<TAutoPtr<const PropertyWidgetItem>> &items);
     // Takes new values of strings, measures, selectors, booleans and integers into the rows
-    // that show them; other kinds keep what the user sees. Owners not shown are skipped.
+    // of the item's owner that show them; other kinds keep what the user sees, and a value
+    // inside a group is looked up among the top-level names only. Owners not shown are
+    // skipped.
     void changeItems(const std::list<TAutoPtr<const PropertyWidgetItem>> &items);
+    // The items share the panel's live properties: they follow later edits, and the loaded
+    // values share the properties of the dictionaries the caller passed (changing one of
+    // those changes what changedItems() compares with).
     std::list<TAutoPtr<const PropertyWidgetItem>> items();
-    // The objects whose values read differently from what was loaded.
+    // The objects whose values read differently from what was loaded. Storing does not take
+    // a new snapshot: after a store the same items are still changed.
     std::list<TAutoPtr<const PropertyWidgetItem>> changedItems();
 
     // One way: once framed, the rows stay in their group box.
@@ -72,7 +78,9 @@ private:
     std::list<TAutoPtr<const PropertyWidgetItem>> getItems(bool onlyChanged);
     // The new values by name; the first of a name wins, as a lookup in the dictionary finds.
     using ValueIndex = QHash<QString, Property::Ptr>;
-    void changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values);
+    void changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values,
+        TAutoPtr<const PropertyableObject> owner);
+    void restoreFocus(TAutoPtr<const PropertyableObject> owner, const QString &name);
 
     std::map<TAutoPtr<const PropertyableObject>, TAutoPtr<Property>> mInitialProperties;
     std::map<TAutoPtr<const PropertyableObject>, TAutoPtr<GroupProperty>> mEditedProperties;

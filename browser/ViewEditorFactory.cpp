@@ -87,7 +87,7 @@ QWidget *ViewEditorFactory::createEditor(
         data->setUndefinable(true);
         data->setUndefined(true);
     }
-    QWidget *editor = mFactory.createEditor(data, parent, QString());
+    QWidget *editor = mFactory.createEditor(data, parent, ownerIdentifier(view->owner()));
     if (editor) {
         if (mEditorToProperty.size() >= mSweepAt)
             sweepDeadEditors();
@@ -101,16 +101,14 @@ QWidget *ViewEditorFactory::createEditor(
             links.data.push_back(data);
         mPropertyToView[data] = view;
     }
+    // The inner factory has given the editor the parent's style already.
     mCurrentEditor = editor;
-    if (editor && parent && parent->style()) {
-        QStyle *style = parent->style();
-        for (QWidget *child : editor->findChildren<QWidget *>())
-            if (child->style() != style)
-                child->setStyle(style);
-        if (editor->style() != style)
-            editor->setStyle(style);
-    }
     return editor;
+}
+
+QString ViewEditorFactory::ownerIdentifier(TAutoPtr<const PropertyableObject> owner)
+{
+    return owner ? QString::number(quintptr(owner.get()), 16) : QString();
 }
 
 void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *manager)

@@ -36,6 +36,9 @@ public:
 
     // Pushes a value loaded from outside into the editors, with the inner factory's signal
     // blocked (a block already set by the caller stays).
+    // decided: each loaded object owns its editors. A row's editor is registered under its
+    // owner's identifier, so an apply for one object reaches only that object's rows.
+    static QString ownerIdentifier(TAutoPtr<const PropertyableObject> owner);
     void applyPropertyValues(TAutoPtr<Property> property, const QString &ownerIdentifier);
     // Gives every live editor of the row the row's enabled state.
     void enablePropertyEditors(ViewProperty *view);

@@ -28,4 +28,22 @@ void ViewProperty::setUndefined(bool undefined)
     }
 }
 
+QList<QtProperty *> ViewProperty::children() const
+{
+    return mUndefined ? mHiddenSubProperties : subProperties();
+}
+
+void ViewProperty::setChildren(const QList<QtProperty *> &children)
+{
+    // An undefined row keeps its new children hidden; the tree sees them when it is defined.
+    if (mUndefined) {
+        mHiddenSubProperties = children;
+        return;
+    }
+    for (QtProperty *child : subProperties())
+        removeSubProperty(child);
+    for (QtProperty *child : children)
+        addSubProperty(child);
+}
+
 } // namespace TavoLib

@@ -35,6 +35,10 @@ public:
     // Hides the children while undefined and restores them, in order, when defined again.
     // The value column follows through the manager's propertyValueChanged.
     void setUndefined(bool undefined);
+    // The children as they stand, shown or hidden: the manager's refresh replaces these,
+    // so that a row made undefined keeps one set of children.
+    QList<QtProperty *> children() const;
+    void setChildren(const QList<QtProperty *> &children);
 
     // A back link for the caller's use; the manager never reads it.
     QtProperty *parentProperty() { return mParentProperty; }

@@ -15,6 +15,7 @@
 #include "style/Device.h"
 
 #include <QMetaObject>
+#include <QScopedValueRollback>
 #include <QVariant>
 
 namespace TavoLib {
@@ -46,8 +47,10 @@ void ViewPropertyManager::initializeProperty(QtProperty *)
 {
 }
 
-void ViewPropertyManager::uninitializeProperty(QtProperty *)
+void ViewPropertyManager::uninitializeProperty(QtProperty *property)
 {
+    // A row that goes (a listener reloads) is never told about afterwards.
+    mPendingEdits.removeAll(property);
 }
 
 void ViewPropertyManager::setStylesheetManager(TAutoPtr<const StylesheetManager> manager)
@@ -140,39 +143,49 @@ void ViewPropertyManager::addProperties(
     }
 }
 
+QList<QtProperty *> ViewPropertyManager::rowsOf(const PropertyDictionary &children, ViewProperty *parent)
+{
+    QList<QtProperty *> rows;
+    for (const auto &child : children)
+        if (ViewProperty *row = addProperty(child, parent->owner()))
+            rows.append(row);
+    return rows;
+}
+
 void ViewPropertyManager::updateSubProperties(QtProperty *property)
 {
     ViewProperty *item = toViewProperty(property);
     if (!item || !item->data())
         return;
     const TAutoPtr<Property> data = item->data();
+    // kept on purpose: replaced rows leave the tree only; they stay in this manager (and in
+    // the editor factory's tables) until the next reload clears it.
     if (TAutoPtr<ExtendedSelectorProperty> selector{ data }) {
-        for (QtProperty *child : item->subProperties())
-            item->removeSubProperty(child);
         const TAutoPtr<Property> current = selector->current();
+        QList<QtProperty *> rows;
         if (TAutoPtr<GroupProperty> group{ current }) {
-            for (const auto &child : *group)
-                if (ViewProperty *row = addProperty(child, item->owner()))
-                    item->addSubProperty(row);
+            rows = rowsOf(*group, item);
         } else if (TAutoPtr<ListProperty>{ current }) {
             if (ViewProperty *row = addProperty(current, item->owner()))
-                item->addSubProperty(row);
+                rows.append(row);
         }
+        // An undefined row takes its new children hidden: one set, shown when defined.
+        item->setChildren(rows);
     }
     if (TAutoPtr<ActivatableGroupProperty> activatable{ data }) {
         const bool enabled = activatable->isDefined() && activatable->isActive();
-        for (QtProperty *child : item->subProperties())
+        for (QtProperty *child : item->children())
             child->setEnabled(enabled);
     }
     if (TAutoPtr<ListProperty> list{ data }) {
         // kept on purpose: outside the tree theme a list shows no children; the rows made by
         // addProperty a moment before are dropped here.
-        for (QtProperty *child : item->subProperties())
-            item->removeSubProperty(child);
+        QList<QtProperty *> rows;
         if (mWidgetsTheme == PropertyEditorFactory::WidgetsThemeTree)
             for (const auto &element : *list)
                 if (ViewProperty *row = addProperty(element, item->owner()))
-                    item->addSubProperty(row);
+                    rows.append(row);
+        item->setChildren(rows);
     }
 }
 
@@ -248,8 +261,21 @@ void ViewPropertyManager::propertyValueChanged(QtProperty *property)
 {
     if (!property)
         return;
-    updateSubProperties(property);
-    emit propertyChanged(property);
+    {
+        // decided: no listener of an edit runs while rows are being replaced; an editor that
+        // commits as its row goes is told after the refresh that removed it.
+        const QScopedValueRollback<int> refreshing(mRefreshing, mRefreshing + 1);
+        updateSubProperties(property);
+        emit propertyChanged(property);
+    }
+    if (!mPendingEdits.contains(property))
+        mPendingEdits.append(property);
+    if (mRefreshing > 0)
+        return;
+    // A listener may clear the rows: each one is taken out before it is told, and rows that
+    // go meanwhile leave the list through uninitializeProperty.
+    while (!mPendingEdits.isEmpty())
+        emit propertyEdited(mPendingEdits.takeFirst());
 }
 
 } // namespace TavoLib

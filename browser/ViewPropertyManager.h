@@ -49,8 +49,16 @@ public:
     QString valueText(const QtProperty *property) const override;
 
 public slots:
-    // An editor changed the row's property: refresh its children, then tell the browser.
+    // An editor changed the row's property: refresh its children, then tell the browser,
+    // then the panel (propertyEdited).
     void propertyValueChanged(QtProperty *property);
+
+signals:
+    // One user edit of the row's property, told once the manager and the browsers are done
+    // with it: an edit that arrives while a refresh runs (an editor that commits as its row
+    // goes) waits for the end of that refresh. A change of a row's enabled state is no edit
+    // (the browsers hear of it through propertyChanged). A listener may clear the rows.
+    void propertyEdited(QtProperty *property);
 
 protected:
     void initializeProperty(QtProperty *property) override;
@@ -59,6 +67,7 @@ protected:
 
 private:
     void updateSubProperties(QtProperty *property);
+    QList<QtProperty *> rowsOf(const PropertyDictionary &children, ViewProperty *parent);
     QString translate(const QString &text) const;
 
     TAutoPtr<const StylesheetManager> mStylesheetManager;
@@ -69,6 +78,9 @@ private:
     TAutoPtr<const Translator> mTranslator;
     QtAbstractPropertyBrowser *mBrowser;
     PropertyEditorFactory::WidgetsTheme mWidgetsTheme = PropertyEditorFactory::WidgetsThemeForm;
+    // Above 0 while a refresh runs; edits met meanwhile wait in mPendingEdits.
+    int mRefreshing = 0;
+    QList<QtProperty *> mPendingEdits;
 };
 
 } // namespace TavoLib

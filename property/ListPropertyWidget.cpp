@@ -1,5 +1,7 @@
 #include "property/ListPropertyWidget.h"
 
+#include "widgets/TabChain_p.h"
+
 #include "core/ActivatableGroupProperty.h"
 #include "core/ExtendedSelectorProperty.h"
 #include "core/GroupProperty.h"
@@ -194,24 +196,9 @@ void ListPropertyWidget::updateTabOrder()
     QList<QWidget *> chain;
     for (const QPointer<QWidget> &row : qAsConst(mRows))
         if (row)
-            for (QWidget *widget : row->findChildren<QWidget *>())
-                if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
-                    chain.append(widget);
+            chain += TabChain::stops(row);
     chain << mAddButton << mUndefinedButton;
-    QWidget *previous = nullptr;
-    for (QWidget *w = previousInFocusChain(); w && w != this; w = w->previousInFocusChain()) {
-        if (w->isWindow())
-            break;
-        if (!isAncestorOf(w) && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy()) {
-            previous = w;
-            break;
-        }
-    }
-    for (QWidget *widget : qAsConst(chain)) {
-        if (previous)
-            QWidget::setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabChain::link(this, chain);
 }
 
 bool ListPropertyWidget::commitPendingEdit()

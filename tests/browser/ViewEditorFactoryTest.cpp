@@ -44,7 +44,7 @@ private slots:
         // A value from outside: the editor shows it, nothing echoes, a caller's block stays.
         factory.blockSignals(true);
         IntegerProperty::Ptr loaded(new IntegerProperty("count", "Count", 7, 0, 9));
-        factory.applyPropertyValues(loaded, QString());
+        factory.applyPropertyValues(loaded, ViewEditorFactory::ownerIdentifier(row->owner()));
         QVERIFY(factory.signalsBlocked());
         factory.blockSignals(false);
         QCOMPARE(spin->value(), 7);
