@@ -11,12 +11,12 @@
 #include <QFrame>
 #include <QPointer>
 
-#include <functional>
-#include <utility>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <functional>
+#include <utility>
 
 namespace TavoLib {
 
@@ -62,8 +62,7 @@ bool positionIn(QGridLayout *grid, QWidget *widget, int *row, int *column)
 
 } // namespace
 
-DialogPropertyBrowser::DialogPropertyBrowser(QWidget *parent)
-    : QtAbstractPropertyBrowser(parent)
+DialogPropertyBrowser::DialogPropertyBrowser(QWidget *parent) : QtAbstractPropertyBrowser(parent)
 {
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -160,7 +159,7 @@ void DialogPropertyBrowser::itemInserted(QtBrowserItem *item, QtBrowserItem *)
     bool labelVisible = true;
     bool multiLine = false;
     if (auto *view = dynamic_cast<ViewProperty *>(item->property()))
-        if (TAutoPtr<const StringProperty> string{ view->data() }) {
+        if (TAutoPtr<const StringProperty> string { view->data() }) {
             labelVisible = string->isLabelVisible();
             multiLine = string->multiLine();
         }
@@ -367,16 +366,31 @@ void DialogPropertyBrowser::scheduleTabOrder()
     if (mTabOrderPending)
         return;
     mTabOrderPending = true;
-    QMetaObject::invokeMethod(this, [this] { updateTabOrder(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { updateTabOrder(); }, Qt::QueuedConnection);
+}
+
+QList<QWidget *> DialogPropertyBrowser::tabStops() const
+{
+    QList<QWidget *> chain;
+    for (QtBrowserItem *item : itemsInFormOrder())
+        chain += TabChain::stops(editorOf(item));
+    return chain;
 }
 
 void DialogPropertyBrowser::updateTabOrder()
 {
     mTabOrderPending = false;
-    QList<QWidget *> chain;
-    for (QtBrowserItem *item : itemsInFormOrder())
-        chain += TabChain::stops(editorOf(item));
-    TabChain::link(this, chain);
+    TabChain::link(this, tabStops());
+}
+
+bool DialogPropertyBrowser::focusNextPrevChild(bool next)
+{
+    // Tab and Backtab from a row go to the next row of the form, whatever Qt's chain has
+    // kept of the inner widgets of editors that were moved in it.
+    if (TabChain::step(this, tabStops(), next))
+        return true;
+    return QtAbstractPropertyBrowser::focusNextPrevChild(next);
 }
 
 } // namespace TavoLib

@@ -54,6 +54,7 @@ protected:
     void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
     void itemRemoved(QtBrowserItem *item) override;
     void itemChanged(QtBrowserItem *item) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void promote(WidgetInfo &parent);
@@ -63,6 +64,7 @@ private:
     void fitLabel(QLabel *label);
     void scheduleTabOrder();
     void updateTabOrder();
+    QList<QWidget *> tabStops() const;
 
     std::map<QtBrowserItem *, TAutoPtr<WidgetInfo>> mWidgetInfos;
     // The width all labels are fitted to now; -1 before the first row.

@@ -1,11 +1,11 @@
 #include "browser/PropertyWidget.h"
 
 #include "core/BoolProperty.h"
-#include "propertybrowser/QtBrowserItem.h"
 #include "core/IntegerProperty.h"
 #include "core/SelectorProperty.h"
 #include "core/StringProperty.h"
 #include "core/UnitValueProperty.h"
+#include "propertybrowser/QtBrowserItem.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -29,8 +29,7 @@ void setMaxWidths(QList<QObject *> &objects, int minimum, int extra)
 }
 
 PropertyWidget::PropertyWidget(QWidget *parent, const QString &title, bool liveStringUpdates)
-    : QWidget(parent)
-    , mFactory(nullptr, liveStringUpdates)
+    : QWidget(parent), mFactory(nullptr, liveStringUpdates)
 {
     auto *layout = new QVBoxLayout(this);
     setWindowTitle(title);
@@ -45,8 +44,8 @@ PropertyWidget::PropertyWidget(QWidget *parent, const QString &title, bool liveS
         mFactory.addPropertyManager(mManager);
     // Edits only, once the manager and the browser are done: a change of a row's enabled
     // state reaches its editor through the browser and is no edit.
-    connect(mManager, &ViewPropertyManager::propertyEdited, this,
-        &PropertyWidget::slotPropertyChanged);
+    connect(
+        mManager, &ViewPropertyManager::propertyEdited, this, &PropertyWidget::slotPropertyChanged);
 }
 
 PropertyWidget::~PropertyWidget()
@@ -159,9 +158,14 @@ void PropertyWidget::setItems(const std::list<TAutoPtr<const PropertyWidgetItem>
     clearProperties();
     for (const auto &item : items)
         if (item && item->properties())
-            insertPropertyableObjectWithProperties(item->propertiesOwner(), *item->properties(), nullptr);
+            insertPropertyableObjectWithProperties(
+                item->propertiesOwner(), *item->properties(), nullptr);
+    // The new rows are shown once control is back in the event loop; the focus goes there
+    // after them.
     if (hadFocus)
-        restoreFocus(focusOwner, focusName);
+        QMetaObject::invokeMethod(
+            this, [this, focusOwner, focusName] { restoreFocus(focusOwner, focusName); },
+            Qt::QueuedConnection);
 }
 
 void PropertyWidget::restoreFocus(TAutoPtr<const PropertyableObject> owner, const QString &name)
@@ -170,7 +174,8 @@ void PropertyWidget::restoreFocus(TAutoPtr<const PropertyableObject> owner, cons
     QWidget *same = nullptr;
     for (QtBrowserItem *item : mBrowser->itemsInFormOrder()) {
         QWidget *editor = mBrowser->editorOf(item);
-        if (!editor || !editor->isEnabled() || editor->focusPolicy() == Qt::NoFocus)
+        if (!editor || !editor->isEnabled()
+            || (editor->focusPolicy() == Qt::NoFocus && !editor->focusProxy()))
             continue;
         if (!first)
             first = editor;
@@ -184,7 +189,8 @@ void PropertyWidget::restoreFocus(TAutoPtr<const PropertyableObject> owner, cons
         target->setFocus(Qt::OtherFocusReason);
 }
 
-void PropertyWidget::insertPropertyableObject(TAutoPtr<const PropertyableObject> object, QtProperty *)
+void PropertyWidget::insertPropertyableObject(
+    TAutoPtr<const PropertyableObject> object, QtProperty *)
 {
     PropertyDictionary values;
     if (object)
@@ -192,8 +198,9 @@ void PropertyWidget::insertPropertyableObject(TAutoPtr<const PropertyableObject>
     insertPropertyableObjectWithProperties(object, values, nullptr);
 }
 
-void PropertyWidget::insertPropertyableObjectWithProperties(TAutoPtr<const PropertyableObject> owner,
-    const PropertyDictionary &dictionary, QtProperty *after)
+void PropertyWidget::insertPropertyableObjectWithProperties(
+    TAutoPtr<const PropertyableObject> owner, const PropertyDictionary &dictionary,
+    QtProperty *after)
 {
     const QScopedValueRollback<int> loading(mLoading, mLoading + 1);
     TAutoPtr<GroupProperty> initial(
@@ -259,20 +266,20 @@ void PropertyWidget::changeItems(const std::list<TAutoPtr<const PropertyWidgetIt
     }
 }
 
-void PropertyWidget::changePropertyValues(TAutoPtr<Property> property, const ValueIndex &values,
-    TAutoPtr<const PropertyableObject> owner)
+void PropertyWidget::changePropertyValues(
+    TAutoPtr<Property> property, const ValueIndex &values, TAutoPtr<const PropertyableObject> owner)
 {
     // kept on purpose: a property inside a group is looked up among the top-level names of
     // the new values, so a new value inside a group of the new dictionary is not seen.
-    if (TAutoPtr<GroupProperty> group{ property }) {
+    if (TAutoPtr<GroupProperty> group { property }) {
         for (const auto &child : *group)
             changePropertyValues(child, values, owner);
         return;
     }
     // kept on purpose: only these kinds take new values here; the others keep theirs.
-    if (!TAutoPtr<StringProperty>{ property } && !TAutoPtr<UnitValueProperty>{ property }
-        && !TAutoPtr<SelectorProperty>{ property } && !TAutoPtr<BoolProperty>{ property }
-        && !TAutoPtr<IntegerProperty>{ property })
+    if (!TAutoPtr<StringProperty> { property } && !TAutoPtr<UnitValueProperty> { property }
+        && !TAutoPtr<SelectorProperty> { property } && !TAutoPtr<BoolProperty> { property }
+        && !TAutoPtr<IntegerProperty> { property })
         return;
     const Property::Ptr found = values.value(property->uniqueName());
     if (!found || found->toString() == property->toString())

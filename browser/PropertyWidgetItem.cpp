@@ -2,8 +2,7 @@
 
 namespace TavoLib {
 
-PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner)
-    : mOwner(owner)
+PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner) : mOwner(owner)
 {
     TAutoPtr<PropertyDictionary> values(new PropertyDictionary);
     if (owner)
@@ -13,15 +12,14 @@ PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner)
 
 PropertyWidgetItem::PropertyWidgetItem(
     TAutoPtr<const PropertyableObject> owner, TAutoPtr<const PropertyDictionary> properties)
-    : mOwner(owner)
-    , mProperties(properties ? properties : TAutoPtr<const PropertyDictionary>(new PropertyDictionary))
+    : mOwner(owner),
+      mProperties(
+          properties ? properties : TAutoPtr<const PropertyDictionary>(new PropertyDictionary))
 {
 }
 
 PropertyWidgetItem::PropertyWidgetItem(const PropertyWidgetItem &other)
-    : MAutoObj()
-    , mOwner(other.mOwner)
-    , mProperties(other.mProperties)
+    : MAutoObj(), mOwner(other.mOwner), mProperties(other.mProperties)
 {
 }
 

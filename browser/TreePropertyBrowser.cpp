@@ -188,7 +188,8 @@ QtProperty *TreePropertyBrowserPrivate::indexToProperty(const QModelIndex &index
 
 bool TreePropertyBrowserPrivate::lastColumn(int column) const
 {
-    return mTreeWidget && mTreeWidget->header()->visualIndex(column) == mTreeWidget->columnCount() - 1;
+    return mTreeWidget
+        && mTreeWidget->header()->visualIndex(column) == mTreeWidget->columnCount() - 1;
 }
 
 bool TreePropertyBrowserPrivate::allowUpdateGeometry() const
@@ -235,7 +236,8 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     QTreeWidgetItem *after = afterItem ? mIndexToItem.value(afterItem) : nullptr;
     QTreeWidgetItem *parent = item->parent() ? mIndexToItem.value(item->parent()) : nullptr;
     // A null `after` puts the row first, as the framework means it.
-    auto *treeItem = parent ? new QTreeWidgetItem(parent, after) : new QTreeWidgetItem(mTreeWidget, after);
+    auto *treeItem
+        = parent ? new QTreeWidgetItem(parent, after) : new QTreeWidgetItem(mTreeWidget, after);
     mItemToIndex[treeItem] = item;
     mIndexToItem[item] = treeItem;
     treeItem->setFlags(treeItem->flags() | Qt::ItemIsEditable);
@@ -306,8 +308,9 @@ void TreePropertyBrowserPrivate::updateItem(QTreeWidgetItem *item)
             QFont font = item->font(1);
             font.setItalic(empty);
             item->setFont(1, font);
-            item->setForeground(1, mTreeWidget->palette().brush(
-                                       empty ? QPalette::Disabled : QPalette::Active, QPalette::Text));
+            item->setForeground(1,
+                mTreeWidget->palette().brush(
+                    empty ? QPalette::Disabled : QPalette::Active, QPalette::Text));
         }
     } else if (mMarkPropertiesWithoutValue && !mTreeWidget->rootIsDecorated()) {
         expandIcon = mExpandIcon;
@@ -350,7 +353,8 @@ void TreePropertyBrowserPrivate::slotCurrentBrowserItemChanged(QtBrowserItem *it
     setCurrentItem(item, true);
 }
 
-void TreePropertyBrowserPrivate::slotCurrentTreeItemChanged(QTreeWidgetItem *current, QTreeWidgetItem *)
+void TreePropertyBrowserPrivate::slotCurrentTreeItemChanged(
+    QTreeWidgetItem *current, QTreeWidgetItem *)
 {
     mBrowserChangedBlocked = true;
     mBrowser->setCurrentItem(current ? mItemToIndex.value(current) : nullptr);
@@ -712,8 +716,8 @@ void TreePropertyEditorDelegate::paint(
     mDisablePainting = false;
 }
 
-void TreePropertyEditorDelegate::drawDisplay(
-    QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect, const QString &text) const
+void TreePropertyEditorDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option,
+    const QRect &rect, const QString &text) const
 {
     if (!mDisablePainting)
         QItemDelegate::drawDisplay(painter, option, rect, text);
@@ -727,15 +731,16 @@ void TreePropertyEditorDelegate::drawDecoration(QPainter *painter,
     QPixmap copy = pixmap;
     const auto *view = dynamic_cast<const ViewProperty *>(mPaintedProperty);
     if (view && view->data() && view->data()->allowColorizeIcon())
-        copy = QPixmap::fromImage(ColorizeImage(copy.toImage(), option.palette.buttonText().color()));
+        copy = QPixmap::fromImage(
+            ColorizeImage(copy.toImage(), option.palette.buttonText().color()));
     const double ratio = Device::pixelRatio();
     copy.setDevicePixelRatio(ratio);
     const QSize logical(qRound(copy.width() / ratio), qRound(copy.height() / ratio));
     const QRect target
         = QStyle::alignedRect(option.direction, option.decorationAlignment, logical, rect);
     if (option.state & QStyle::State_Selected) {
-        const QPixmap selected = QItemDelegate::selectedPixmap(copy, option.palette,
-            option.state & QStyle::State_Enabled);
+        const QPixmap selected = QItemDelegate::selectedPixmap(
+            copy, option.palette, option.state & QStyle::State_Enabled);
         painter->drawPixmap(target.topLeft(), selected);
     } else {
         painter->drawPixmap(target.topLeft(), copy);
@@ -822,8 +827,8 @@ void TreePropertyEditorView::drawRow(
         }
     }
     QTreeWidget::drawRow(painter, opt, index);
-    const QColor line = QColor::fromRgba(
-        QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &opt, this)));
+    const QColor line
+        = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &opt, this)));
     painter->save();
     painter->setPen(QPen(line));
     painter->drawLine(opt.rect.left(), opt.rect.bottom(), opt.rect.right(), opt.rect.bottom());
@@ -858,7 +863,8 @@ void TreePropertyEditorView::drawBranches(
         mArrowRatio = ratio;
     }
     const QImage &image = mArrows[open ? 1 : 0];
-    const int x = int(rect.left() + level * indentation() + (indentation() - image.width() / ratio) * 0.5);
+    const int x
+        = int(rect.left() + level * indentation() + (indentation() - image.width() / ratio) * 0.5);
     const int y = int(rect.top() + (rect.height() - image.height() / ratio) * 0.5);
     painter->drawImage(QPoint(x, y), image);
 }
@@ -937,15 +943,17 @@ bool TreePropertyEditorView::edit(const QModelIndex &index, EditTrigger trigger,
         spin->selectAll();
     } else if (auto *line = qobject_cast<QLineEdit *>(proxy)) {
         line->selectAll();
-    } else if (event && (event->type() == QEvent::MouseButtonPress
-                            || event->type() == QEvent::MouseButtonDblClick)) {
+    } else if (event
+        && (event->type() == QEvent::MouseButtonPress
+            || event->type() == QEvent::MouseButtonDblClick)) {
         // The click that opened the editor also acts in it.
         const QPoint global = static_cast<QMouseEvent *>(event)->globalPos();
         if (QTextEdit *text = textEditIn(editor)) {
             text->setFocus();
             const QPoint pos = text->viewport()->mapFromGlobal(global);
-            const int hit = text->document()->documentLayout()->hitTest(
-                pos + QPoint(text->horizontalScrollBar()->value(), text->verticalScrollBar()->value()),
+            const int hit = text->document()->documentLayout()->hitTest(pos
+                    + QPoint(
+                        text->horizontalScrollBar()->value(), text->verticalScrollBar()->value()),
                 Qt::FuzzyHit);
             if (hit < 0) {
                 text->selectAll();
@@ -986,7 +994,8 @@ QModelIndex TreePropertyEditorView::moveCursor(CursorAction action, Qt::Keyboard
 void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     QWidget *child = editor && editor->objectName() != QLatin1String("editor") ? editor : nullptr;
-    if (hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem)
+    if (hint == QAbstractItemDelegate::EditNextItem
+        || hint == QAbstractItemDelegate::EditPreviousItem)
         while (editor && editor->objectName() != QLatin1String("editor"))
             editor = editor->parentWidget();
     // A nested field of a compound editor keeps the focus when the tab order moves on.

@@ -10,9 +10,10 @@ namespace TavoLib {
 
 ViewEditorFactory::ViewEditorFactory(QObject *parent, bool liveStringUpdates)
     : QtAbstractEditorFactory<ViewPropertyManager>(parent)
-    // The parent belongs to this factory: a member held by value must have none, or the
-    // parent would delete it a second time.
-    , mFactory(nullptr, liveStringUpdates)
+      // The parent belongs to this factory: a member held by value must have none, or the
+      // parent would delete it a second time.
+      ,
+      mFactory(nullptr, liveStringUpdates)
 {
     connect(&mFactory, &PropertyEditorFactory::propertyChanged, this,
         &ViewEditorFactory::propertyChanged);
@@ -92,10 +93,10 @@ QWidget *ViewEditorFactory::createEditor(
         if (mEditorToProperty.size() >= mSweepAt)
             sweepDeadEditors();
         // A new widget at a dead editor's address takes its entry over.
-        mEditorToProperty[editor] = EditorLink{ editor, view };
+        mEditorToProperty[editor] = EditorLink { editor, view };
         RowLinks &links = mRowLinks[view];
-        links.editors.erase(std::remove(links.editors.begin(), links.editors.end(), nullptr),
-            links.editors.end());
+        links.editors.erase(
+            std::remove(links.editors.begin(), links.editors.end(), nullptr), links.editors.end());
         links.editors.emplace_back(editor);
         if (std::find(links.data.begin(), links.data.end(), data) == links.data.end())
             links.data.push_back(data);
@@ -115,7 +116,8 @@ void ViewEditorFactory::connectPropertyManager(ViewPropertyManager *manager)
 {
     // A row the manager deletes (a reload clears it) must not be found again: an editor
     // that outlives its row may still report a change.
-    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this, &ViewEditorFactory::forgetRow);
+    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this,
+        &ViewEditorFactory::forgetRow);
 }
 
 void ViewEditorFactory::forgetRow(QtProperty *row)

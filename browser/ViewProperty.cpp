@@ -4,10 +4,7 @@
 
 namespace TavoLib {
 
-ViewProperty::ViewProperty(ViewPropertyManager *manager)
-    : QtProperty(manager)
-{
-}
+ViewProperty::ViewProperty(ViewPropertyManager *manager) : QtProperty(manager) { }
 
 ViewProperty::ViewProperty(const ViewProperty &other) = default;
 ViewProperty &ViewProperty::operator=(const ViewProperty &other) = default;

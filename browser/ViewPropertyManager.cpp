@@ -21,8 +21,7 @@
 namespace TavoLib {
 
 ViewPropertyManager::ViewPropertyManager(QtAbstractPropertyBrowser *browser, QObject *parent)
-    : QtAbstractPropertyManager(parent)
-    , mBrowser(browser)
+    : QtAbstractPropertyManager(parent), mBrowser(browser)
 {
 }
 
@@ -43,9 +42,7 @@ QtProperty *ViewPropertyManager::createProperty()
     return new ViewProperty(this);
 }
 
-void ViewPropertyManager::initializeProperty(QtProperty *)
-{
-}
+void ViewPropertyManager::initializeProperty(QtProperty *) { }
 
 void ViewPropertyManager::uninitializeProperty(QtProperty *property)
 {
@@ -100,10 +97,10 @@ ViewProperty *ViewPropertyManager::addProperty(
         return nullptr;
     const QString name = translate(property->visibleName());
     ViewProperty *item = nullptr;
-    if (TAutoPtr<ExtendedSelectorProperty>{ property }) {
+    if (TAutoPtr<ExtendedSelectorProperty> { property }) {
         // Its children are those of the chosen option, added below.
         item = toViewProperty(QtAbstractPropertyManager::addProperty(name));
-    } else if (TAutoPtr<GroupProperty> group{ property }) {
+    } else if (TAutoPtr<GroupProperty> group { property }) {
         item = toViewProperty(QtAbstractPropertyManager::addProperty(name));
         if (item)
             for (const auto &child : *group)
@@ -111,7 +108,7 @@ ViewProperty *ViewPropertyManager::addProperty(
                     item->addSubProperty(row);
     } else {
         item = toViewProperty(QtAbstractPropertyManager::addProperty(name));
-        if (TAutoPtr<ListProperty> list{ property })
+        if (TAutoPtr<ListProperty> list { property })
             if (item)
                 for (const auto &element : *list)
                     if (ViewProperty *row = addProperty(element, owner))
@@ -143,7 +140,8 @@ void ViewPropertyManager::addProperties(
     }
 }
 
-QList<QtProperty *> ViewPropertyManager::rowsOf(const PropertyDictionary &children, ViewProperty *parent)
+QList<QtProperty *> ViewPropertyManager::rowsOf(
+    const PropertyDictionary &children, ViewProperty *parent)
 {
     QList<QtProperty *> rows;
     for (const auto &child : children)
@@ -160,24 +158,24 @@ void ViewPropertyManager::updateSubProperties(QtProperty *property)
     const TAutoPtr<Property> data = item->data();
     // kept on purpose: replaced rows leave the tree only; they stay in this manager (and in
     // the editor factory's tables) until the next reload clears it.
-    if (TAutoPtr<ExtendedSelectorProperty> selector{ data }) {
+    if (TAutoPtr<ExtendedSelectorProperty> selector { data }) {
         const TAutoPtr<Property> current = selector->current();
         QList<QtProperty *> rows;
-        if (TAutoPtr<GroupProperty> group{ current }) {
+        if (TAutoPtr<GroupProperty> group { current }) {
             rows = rowsOf(*group, item);
-        } else if (TAutoPtr<ListProperty>{ current }) {
+        } else if (TAutoPtr<ListProperty> { current }) {
             if (ViewProperty *row = addProperty(current, item->owner()))
                 rows.append(row);
         }
         // An undefined row takes its new children hidden: one set, shown when defined.
         item->setChildren(rows);
     }
-    if (TAutoPtr<ActivatableGroupProperty> activatable{ data }) {
+    if (TAutoPtr<ActivatableGroupProperty> activatable { data }) {
         const bool enabled = activatable->isDefined() && activatable->isActive();
         for (QtProperty *child : item->children())
             child->setEnabled(enabled);
     }
-    if (TAutoPtr<ListProperty> list{ data }) {
+    if (TAutoPtr<ListProperty> list { data }) {
         // kept on purpose: outside the tree theme a list shows no children; the rows made by
         // addProperty a moment before are dropped here.
         QList<QtProperty *> rows;
@@ -202,30 +200,31 @@ QString ViewPropertyManager::valueText(const QtProperty *property) const
     const TAutoPtr<const Property> data = item->data();
     if (item->isUndefined() || data->isUndefined())
         return QString();
-    if (TAutoPtr<const StringProperty> string{ data })
+    if (TAutoPtr<const StringProperty> string { data })
         if (data->toString().isEmpty() && !string->placeholderText().isEmpty())
             return translate(string->placeholderText());
     // A browser that shows these kinds must have been given their providers; without one
     // the text falls back to the property's own.
-    if (TAutoPtr<const FontProperty> font{ data }) {
+    if (TAutoPtr<const FontProperty> font { data }) {
         if (mFontProvider) {
             const QString name = mFontProvider->familyName(font->font());
-            return mFontProvider->isMissing(font->font()) ? QLatin1Char('{') + mFontProvider->fontName(font->font()) + QLatin1Char('}')
-                                                          : name;
+            return mFontProvider->isMissing(font->font())
+                ? QLatin1Char('{') + mFontProvider->fontName(font->font()) + QLatin1Char('}')
+                : name;
         }
-    } else if (TAutoPtr<const BrushProperty> brush{ data }) {
+    } else if (TAutoPtr<const BrushProperty> brush { data }) {
         if (mBrushProvider)
             return mBrushProvider->displayName(brush->brush());
-    } else if (TAutoPtr<const PenStyleProperty> pen{ data }) {
+    } else if (TAutoPtr<const PenStyleProperty> pen { data }) {
         if (mPenStyleProvider)
             return mPenStyleProvider->name(pen->penStyle());
-    } else if (TAutoPtr<const LineHeadStyleProperty> head{ data }) {
+    } else if (TAutoPtr<const LineHeadStyleProperty> head { data }) {
         if (mLineHeadStyleProvider)
             return mLineHeadStyleProvider->name(head->style());
-    } else if (TAutoPtr<const StylesheetProperty> stylesheet{ data }) {
+    } else if (TAutoPtr<const StylesheetProperty> stylesheet { data }) {
         if (stylesheet->stylesheet() && mStylesheetManager)
             return mStylesheetManager->displayText(stylesheet->stylesheet());
-    } else if (TAutoPtr<const BoolProperty>{ data }) {
+    } else if (TAutoPtr<const BoolProperty> { data }) {
         return QString();
     }
     return translate(data->toString());
@@ -240,12 +239,12 @@ QIcon ViewPropertyManager::valueIcon(const QtProperty *property) const
     const bool undefined = item->isUndefined() || data->isUndefined();
     QString iconName;
     if (!undefined) {
-        if (TAutoPtr<const BrushProperty> brush{ data }) {
+        if (TAutoPtr<const BrushProperty> brush { data }) {
             BrushControllerQt controller(mBrushProvider, 1);
             return QIcon(controller.brushPreview(brush->brush(), Device::size(Device::SizeType5)));
         }
         iconName = data->iconName();
-    } else if (TAutoPtr<const BoolProperty>{ data }) {
+    } else if (TAutoPtr<const BoolProperty> { data }) {
         iconName = QStringLiteral(":/TavoLib/Controls/check-undefined");
     }
     if (iconName.isEmpty())

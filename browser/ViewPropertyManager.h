@@ -29,7 +29,8 @@ public:
     void addProperties(PropertyDictionary &dictionary, TAutoPtr<const PropertyableObject> owner);
     // The row tree of one property (children of groups and lists included); null when the
     // base refuses to make a row.
-    ViewProperty *addProperty(TAutoPtr<Property> property, TAutoPtr<const PropertyableObject> owner);
+    ViewProperty *addProperty(
+        TAutoPtr<Property> property, TAutoPtr<const PropertyableObject> owner);
 
     // Plain downcasts: every row of this manager is a ViewProperty.
     ViewProperty *toViewProperty(QtProperty *property);
