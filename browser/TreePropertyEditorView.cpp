@@ -1,0 +1,256 @@
+#include "browser/TreePropertyEditorView_p.h"
+
+#include "browser/TreePropertyBrowser_p.h"
+#include "browser/TreePropertyEditorDelegate_p.h"
+#include "browser/TreePropertyRows_p.h"
+#include "core/ImageFunctions.h"
+#include "propertybrowser/QtBrowserItem.h"
+#include "propertybrowser/QtProperty.h"
+#include "style/Device.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSpinBox>
+
+namespace TavoLib {
+
+using namespace TreeRows;
+
+TreePropertyEditorView::TreePropertyEditorView(QWidget *parent) : QTreeWidget(parent)
+{
+    setTabKeyNavigation(true);
+    // The tree never shows a selection, not even beside the cells; the current row is
+    // enough to edit.
+    setSelectionMode(QAbstractItemView::NoSelection);
+    // For the application's style; nothing in the library reads it.
+    setProperty("NOSELECTION", true);
+    connect(header(), &QHeaderView::sectionDoubleClicked, this, &QTreeView::resizeColumnToContents);
+}
+
+void TreePropertyEditorView::drawRow(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyleOptionViewItem opt = option;
+    QtBrowserItem *item = mEditorPrivate ? mEditorPrivate->indexToBrowserItem(index) : nullptr;
+    const bool hasValue = item ? item->property()->hasValue() : true;
+    if (!hasValue && mEditorPrivate && mEditorPrivate->markPropertiesWithoutValue()) {
+        const QColor colour = option.palette.color(QPalette::Dark);
+        painter->fillRect(option.rect, colour);
+        opt.palette.setColor(QPalette::AlternateBase, colour);
+    } else if (mEditorPrivate) {
+        const QColor colour = mEditorPrivate->calculatedBackgroundColor(item);
+        if (colour.isValid()) {
+            painter->fillRect(option.rect, colour);
+            opt.palette.setColor(QPalette::AlternateBase, colour.lighter(112));
+        }
+    }
+    QTreeWidget::drawRow(painter, opt, index);
+    const QColor line = QColor::fromRgba(
+        QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &opt, this)));
+    painter->save();
+    painter->setPen(QPen(line));
+    painter->drawLine(opt.rect.left(), opt.rect.bottom(), opt.rect.right(), opt.rect.bottom());
+    painter->restore();
+}
+
+void TreePropertyEditorView::drawBranches(
+    QPainter *painter, const QRect &rect, const QModelIndex &index) const
+{
+    QTreeWidgetItem *item = itemFromIndex(index);
+    if (!item || item->childCount() == 0)
+        return;
+    int level = rootIsDecorated() ? 0 : -1;
+    for (QModelIndex i = index.parent(); i.isValid(); i = i.parent())
+        ++level;
+    if (level < 0)
+        return;
+    // The library's own arrow, in the colour of button text: pointing down when open,
+    // turned to point right when closed. The two are made once per colour and resolution.
+    const QColor colour = palette().buttonText().color();
+    const double ratio = Device::pixelRatio();
+    const bool open = item->isExpanded();
+    if (mArrowColour != colour || mArrowRatio != ratio || mArrows[0].isNull()) {
+        const QImage arrow = ColorizeImage(
+            Device::pixmap(QStringLiteral(":/TavoLib/Controls/combobox-arrow"), 8, 8).toImage(),
+            colour);
+        mArrows[1] = arrow;
+        mArrows[0] = arrow.transformed(QTransform().rotate(270));
+        mArrows[0].setDevicePixelRatio(ratio);
+        mArrows[1].setDevicePixelRatio(ratio);
+        mArrowColour = colour;
+        mArrowRatio = ratio;
+    }
+    const QImage &image = mArrows[open ? 1 : 0];
+    const int x = int(rect.left() + level * indentation() + (indentation() - image.width() / ratio) * 0.5);
+    const int y = int(rect.top() + (rect.height() - image.height() / ratio) * 0.5);
+    painter->drawImage(QPoint(x, y), image);
+}
+
+void TreePropertyEditorView::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if ((key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) && mEditorPrivate
+        && !mEditorPrivate->editedItem()) {
+        QTreeWidgetItem *item = currentItem();
+        if (item && item->columnCount() > 1 && (item->flags() & Qt::ItemIsEditable)
+            && (item->flags() & Qt::ItemIsEnabled)) {
+            event->accept();
+            QModelIndex index = currentIndex();
+            if (index.column() == 0) {
+                index = index.sibling(index.row(), 1);
+                setCurrentIndex(index);
+            }
+            QAbstractItemView::edit(index);
+            return;
+        }
+    }
+    QTreeWidget::keyPressEvent(event);
+}
+
+void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
+{
+    // Shared by all views: a nested event loop started by an edit must not come back in.
+    static bool inPress = false;
+    if (inPress) {
+        event->ignore();
+        return;
+    }
+    inPress = true;
+    QTreeWidget::mousePressEvent(event);
+    QTreeWidgetItem *item = itemAt(event->pos());
+    if (item && mEditorPrivate) {
+        if (item != mEditorPrivate->editedItem() && event->button() == Qt::LeftButton
+            && header()->logicalIndexAt(event->pos().x()) == 1
+            && (item->flags() & Qt::ItemIsEditable) && (item->flags() & Qt::ItemIsEnabled)) {
+            edit(indexFromItem(item, 1), QAbstractItemView::AllEditTriggers, event);
+        } else if (!mEditorPrivate->hasValue(item) && mEditorPrivate->markPropertiesWithoutValue()
+            && !rootIsDecorated() && event->pos().x() + header()->offset() < 20) {
+            mEditorPrivate->setExpanded(item, !mEditorPrivate->isExpanded(item));
+        }
+    }
+    inPress = false;
+}
+
+bool TreePropertyEditorView::event(QEvent *event)
+{
+    // Tab stays in the tree instead of leaving it for the next widget of the window.
+    if (event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (!(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+            && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)) {
+            keyPressEvent(key);
+            event->accept();
+            return true;
+        }
+    }
+    return QTreeWidget::event(event);
+}
+
+bool TreePropertyEditorView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    if (!QTreeWidget::edit(index, trigger, event))
+        return false;
+    QWidget *editor = mEditorPrivate && mEditorPrivate->delegate()
+        ? mEditorPrivate->delegate()->editedWidget()
+        : nullptr;
+    if (!editor)
+        return true;
+    if (!selectEditorText(editor) && event
+        && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick))
+        forwardClick(editor, *static_cast<QMouseEvent *>(event));
+    return true;
+}
+
+bool TreePropertyEditorView::selectEditorText(QWidget *editor)
+{
+    QWidget *proxy = editor->focusProxy();
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(proxy)) {
+        spin->selectAll();
+        return true;
+    }
+    if (auto *line = qobject_cast<QLineEdit *>(proxy)) {
+        line->selectAll();
+        return true;
+    }
+    return false;
+}
+
+void TreePropertyEditorView::forwardClick(QWidget *editor, const QMouseEvent &event)
+{
+    const QPoint global = event.globalPos();
+    if (QTextEdit *text = textEditIn(editor)) {
+        text->setFocus();
+        const QPoint pos = text->viewport()->mapFromGlobal(global);
+        const int hit = text->document()->documentLayout()->hitTest(
+            pos + QPoint(text->horizontalScrollBar()->value(), text->verticalScrollBar()->value()),
+            Qt::FuzzyHit);
+        if (hit < 0) {
+            text->selectAll();
+        } else {
+            QTextCursor cursor = text->textCursor();
+            cursor.setPosition(hit, QTextCursor::MoveAnchor);
+            text->setTextCursor(cursor);
+        }
+        return;
+    }
+    QWidget *proxy = editor->focusProxy();
+    QWidget *target = proxy ? proxy : editor;
+    // The click lands on the child under the pointer, as it would have.
+    target->ensurePolished();
+    QPoint local = target->mapFromGlobal(global);
+    if (QWidget *child = target->childAt(local)) {
+        local = child->mapFrom(target, local);
+        target = child;
+    }
+    QMouseEvent press(QEvent::MouseButtonPress, local, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &press);
+    QMouseEvent release(QEvent::MouseButtonRelease, local, global, Qt::LeftButton, Qt::NoButton,
+        Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &release);
+}
+
+QModelIndex TreePropertyEditorView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex result = QTreeWidget::moveCursor(action, modifiers);
+    // Moving with the keyboard moves the open editor along.
+    if (result.isValid())
+        QAbstractItemView::edit(result);
+    return result;
+}
+
+void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    QWidget *child = editor && editor->objectName() != QLatin1String("editor") ? editor : nullptr;
+    if (hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem)
+        while (editor && editor->objectName() != QLatin1String("editor"))
+            editor = editor->parentWidget();
+    // A nested field of a compound editor keeps the focus when the tab order moves on.
+    if (child && editor && child != editor)
+        editor->setFocusProxy(child);
+    QTreeWidget::closeEditor(editor, hint);
+}
+
+void TreePropertyEditorView::updateGeometries()
+{
+    if (mEditorPrivate && !mEditorPrivate->allowUpdateGeometry())
+        return;
+    QTreeWidget::updateGeometries();
+    const int rows = topLevelItemCount();
+    // Only wrapped texts change height with the width; without one no row is asked again.
+    if (rows == 0 || !mEditorPrivate || mEditorPrivate->multiLineRows() == 0)
+        return;
+    // Asks every row for its height again: multi-line texts change with the width.
+    emit model()->dataChanged(model()->index(0, 1), model()->index(rows - 1, 1), {});
+    for (int i = 0; i < rows; ++i) {
+        QtBrowserItem *item = mEditorPrivate->browserItem(topLevelItem(i));
+        if (item && isMultiLine(item->property()))
+            mEditorPrivate->propertyChanged(item);
+    }
+}
+
+} // namespace TavoLib
