@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QSettings>
+#include <memory>
 
 Q_DECLARE_METATYPE(QtProperty *)
 
@@ -100,14 +101,7 @@ int AttributesTreeWidget::addTab(const QString &name)
         &AttributesTreeWidget::propertyChanged);
     connect(manager, &QtAbstractPropertyManager::propertyInserted, this,
         &AttributesTreeWidget::propertyInserted);
-    if (mEnvironment) {
-        manager->setStylesheetManager(mEnvironment->stylesheetManager());
-        manager->setBrushProvider(TAutoPtr<const BrushProviderQt>(mEnvironment->brushProvider()));
-        manager->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(mEnvironment->penStyleProvider()));
-        manager->setLineHeadStyleProvider(
-            TAutoPtr<const LineHeadStyleProviderQt>(mEnvironment->lineHeadStyleProvider()));
-        manager->setFontProvider(TAutoPtr<const FontProviderQt>(mEnvironment->fontProvider()));
-    }
+    giveProviders(manager);
     return int(mTabs.size()) - 1;
 }
 
@@ -149,23 +143,21 @@ void AttributesTreeWidget::setEnvironment(TAutoPtr<Environment> environment)
     clearAttributes();
     if (!environment)
         return;
-    const TAutoPtr<const StylesheetManager> stylesheets = environment->stylesheetManager();
-    const TAutoPtr<const BrushProviderQt> brushes(environment->brushProvider());
-    const TAutoPtr<const PenStyleProviderQt> pens(environment->penStyleProvider());
-    const TAutoPtr<const LineHeadStyleProviderQt> heads(environment->lineHeadStyleProvider());
-    const TAutoPtr<const FontProviderQt> fonts(environment->fontProvider());
-    for (Tab &tab : mTabs) {
-        tab.manager->setStylesheetManager(stylesheets);
-        tab.manager->setBrushProvider(brushes);
-        tab.manager->setPenStyleProvider(pens);
-        tab.manager->setLineHeadStyleProvider(heads);
-        tab.manager->setFontProvider(fonts);
-    }
-    mEditorFactory->setStylesheetManager(stylesheets);
-    mEditorFactory->setBrushProvider(brushes);
-    mEditorFactory->setPenStyleProvider(pens);
-    mEditorFactory->setLineHeadStyleProvider(heads);
-    mEditorFactory->setFontProvider(fonts);
+    for (Tab &tab : mTabs)
+        giveProviders(tab.manager);
+    giveProviders(mEditorFactory);
+}
+
+template <class Target> void AttributesTreeWidget::giveProviders(Target *target) const
+{
+    if (!mEnvironment)
+        return;
+    target->setStylesheetManager(mEnvironment->stylesheetManager());
+    target->setBrushProvider(TAutoPtr<const BrushProviderQt>(mEnvironment->brushProvider()));
+    target->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(mEnvironment->penStyleProvider()));
+    target->setLineHeadStyleProvider(
+        TAutoPtr<const LineHeadStyleProviderQt>(mEnvironment->lineHeadStyleProvider()));
+    target->setFontProvider(TAutoPtr<const FontProviderQt>(mEnvironment->fontProvider()));
 }
 
 void AttributesTreeWidget::clearAttributes()
@@ -327,9 +319,15 @@ void AttributesTreeWidget::replaceAttribute(
     ViewProperty *view = first ? viewOf(first->property()) : nullptr;
     if (!view || !attribute)
         return;
+    rebuildRows(attribute, view, undefined);
+}
+
+void AttributesTreeWidget::rebuildRows(TAutoPtr<const Attribute> attribute, ViewProperty *preceding, bool undefined)
+{
+    const AttributeKey key = attribute->key();
     const std::set<QtBrowserItem *> old = mItems[key];
     ++mRebuilding;
-    setAttribute(attribute, view, undefined, view->parentProperty());
+    setAttribute(attribute, preceding, undefined, preceding->parentProperty());
     removeRows(key, old);
     --mRebuilding;
 }
@@ -433,39 +431,41 @@ void AttributesTreeWidget::resolveUndefinedProperty(QtProperty *property)
     const TAutoPtr<const Attribute> fallback = mEnvironment->defaultAttribute(key);
     if (!fallback)
         return;
-    const std::set<QtBrowserItem *> old = mItems[key];
-    ++mRebuilding;
-    setAttribute(fallback, property, false, view->parentProperty());
-    removeRows(key, old);
-    --mRebuilding;
+    rebuildRows(fallback, view, false);
     // The default value counts as the user's edit.
     if (QtBrowserItem *first = firstRow(key))
         propertyChanged(first->property());
 }
 
+namespace {
+
+// The settings group of the palette's saved expansion, one key per tab.
+std::unique_ptr<QSettings> openStates()
+{
+    auto settings = std::make_unique<QSettings>(
+        QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
+    settings->beginGroup(QStringLiteral("Attributes Palette"));
+    settings->beginGroup(QStringLiteral("1"));
+    return settings;
+}
+
+} // namespace
+
 void AttributesTreeWidget::saveState() const
 {
-    QSettings settings(QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
-    settings.beginGroup(QStringLiteral("Attributes Palette"));
-    settings.beginGroup(QStringLiteral("1"));
+    const std::unique_ptr<QSettings> settings = openStates();
     for (size_t i = 0; i < mTabs.size(); ++i)
-        settings.setValue(QString::number(i), mTabs[i].browser->saveState());
-    settings.endGroup();
-    settings.endGroup();
+        settings->setValue(QString::number(i), mTabs[i].browser->saveState());
 }
 
 void AttributesTreeWidget::restoreState()
 {
-    QSettings settings(QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
-    settings.beginGroup(QStringLiteral("Attributes Palette"));
-    settings.beginGroup(QStringLiteral("1"));
+    const std::unique_ptr<QSettings> settings = openStates();
     for (size_t i = 0; i < mTabs.size(); ++i) {
-        const QByteArray state = settings.value(QString::number(i)).toByteArray();
+        const QByteArray state = settings->value(QString::number(i)).toByteArray();
         if (!state.isEmpty())
             mTabs[i].browser->restoreState(state);
     }
-    settings.endGroup();
-    settings.endGroup();
 }
 
 } // namespace TavoLib

@@ -25,6 +25,7 @@ namespace TavoLib {
 
 class TreePropertyBrowser;
 class ViewEditorFactory;
+class ViewProperty;
 class ViewPropertyManager;
 
 class TAVOLIBGUI_EXPORT AttributesTreeWidget : public QTabWidget
@@ -90,6 +91,10 @@ private:
     // Rebuilds the rows of one attribute in place of the old ones.
     void replaceAttribute(const AttributeKey &key, TAutoPtr<const Attribute> attribute, bool undefined);
     void removeRows(const AttributeKey &key, const std::set<QtBrowserItem *> &rows);
+    // New rows of the attribute after the row preceding, then the old rows out.
+    void rebuildRows(TAutoPtr<const Attribute> attribute, ViewProperty *preceding, bool undefined);
+    // The environment's providers and stylesheets, for a tab's manager or the factory.
+    template <class Target> void giveProviders(Target *target) const;
     QtBrowserItem *firstRow(const AttributeKey &key) const;
     bool isPropertyValid(QtProperty *property) const;
     int tabOf(const AttributeKey &key);
