@@ -7,7 +7,7 @@
 #include "propertybrowser/QtProperty.h"
 #include "style/Device.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPainter>
@@ -121,7 +121,7 @@ void TreePropertyBrowserPrivate::editItem(QtBrowserItem *item)
     if (!row || !mTreeWidget)
         return;
     mTreeWidget->setCurrentItem(row, 1);
-    mTreeWidget->editItem(row, 1);
+    mTreeWidget->openEditor(mTreeWidget->valueIndex(row));
 }
 
 void TreePropertyBrowserPrivate::closeEditor() const
@@ -179,11 +179,18 @@ QColor TreePropertyBrowserPrivate::calculatedBackgroundColor(QtBrowserItem *item
 
 void TreePropertyBrowserPrivate::disableItem(QTreeWidgetItem *item) const
 {
-    if (!item || !(item->flags() & Qt::ItemIsEnabled))
+    if (!item)
         return;
+    // Qt shows the children of a disabled row disabled already, so the walk goes on below
+    // rows that are: an editor open anywhere in the branch closes.
     item->setFlags(item->flags() & ~Qt::ItemIsEnabled);
-    if (QtBrowserItem *browserItem = mItemToIndex.value(item))
+    if (QtBrowserItem *browserItem = mItemToIndex.value(item)) {
+        QWidget *editor = mDelegate->editorOf(browserItem->property());
+        QWidget *focus = QApplication::focusWidget();
+        if (editor && focus && (focus == editor || editor->isAncestorOf(focus)) && mTreeWidget)
+            mTreeWidget->setFocus(Qt::OtherFocusReason);
         mDelegate->closeEditor(browserItem->property());
+    }
     for (int i = 0; i < item->childCount(); ++i)
         disableItem(item->child(i));
 }
@@ -246,15 +253,19 @@ void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expande
         item->setExpanded(expanded);
         return;
     }
-    if (expanded)
+    if (expanded) {
         mExpandWhenFilled.insert(item);
-    else
+    } else {
         mExpandWhenFilled.remove(item);
+        // A row that has lost its children may still be expanded in the tree.
+        item->setExpanded(false);
+    }
 }
 
 bool TreePropertyBrowserPrivate::isExpanded(QTreeWidgetItem *item) const
 {
-    return item->childCount() > 0 ? item->isExpanded() : mExpandWhenFilled.contains(item);
+    // A row that lost its children stays expanded in the tree, to show the ones it gets.
+    return item->isExpanded() || mExpandWhenFilled.contains(item);
 }
 
 void TreePropertyBrowserPrivate::propertyChanged(QtBrowserItem *item)
@@ -304,7 +315,10 @@ void TreePropertyBrowserPrivate::showPlaceholderLook(QTreeWidgetItem *item, QtPr
 
 void TreePropertyBrowserPrivate::fitEditorHeight(QTreeWidgetItem *item)
 {
-    // A multi-line editor stays as tall as its row while its text grows.
+    // A multi-line editor stays as tall as its own row while its text grows; other rows'
+    // refreshes leave it alone.
+    if (item != mDelegate->editedItem())
+        return;
     if (QWidget *edited = mDelegate->editedWidget())
         if (textEditIn(edited))
             edited->setFixedHeight(mTreeWidget->visualItemRect(item).height());

@@ -8,6 +8,7 @@
 #include "style/Device.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QHeaderView>
 #include <QPainter>
 
@@ -91,6 +92,10 @@ QWidget *TreePropertyEditorDelegate::createEditor(
         if (QTextEdit *text = textEditIn(editor))
             text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     editor->setObjectName(QStringLiteral("editor"));
+    // Named for assistive technology by its row, also the field that takes the focus.
+    editor->setAccessibleName(property->propertyName());
+    if (QWidget *proxy = editor->focusProxy())
+        proxy->setAccessibleName(property->propertyName());
     editor->setAutoFillBackground(true);
     editor->installEventFilter(const_cast<TreePropertyEditorDelegate *>(this));
     for (QWidget *child : editor->findChildren<QWidget *>())
@@ -195,6 +200,13 @@ bool TreePropertyEditorDelegate::eventFilter(QObject *object, QEvent *event)
     if (event->type() == QEvent::FocusOut
         && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
         return false;
+    // Ctrl+Tab is no Tab to the next row: it goes on to the tree, which leaves it.
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)
+            && (key->modifiers() & Qt::ControlModifier))
+            return false;
+    }
     return QItemDelegate::eventFilter(object, event);
 }
 

@@ -55,6 +55,7 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override;
 
     void closeEditor(QtProperty *property);
+    QWidget *editorOf(QtProperty *property) const { return mPropertyToEditor.value(property); }
     // The row is going: its address no longer names the edited row.
     void forgetItem(QTreeWidgetItem *item);
     QTreeWidgetItem *editedItem() const { return mEditedItem; }

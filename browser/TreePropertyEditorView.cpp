@@ -25,8 +25,11 @@ TreePropertyEditorView::TreePropertyEditorView(QWidget *parent) : QTreeWidget(pa
 {
     setTabKeyNavigation(true);
     // The tree never shows a selection, not even beside the cells; the current row is
-    // enough to edit.
+    // enough to edit. decided: selectionCommand(), not the mode alone, keeps selections
+    // away, so that keys move the current row under every style.
     setSelectionMode(QAbstractItemView::NoSelection);
+    // A text taller than the view can be scrolled through.
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     // For the application's style; nothing in the library reads it.
     setProperty("NOSELECTION", true);
     connect(header(), &QHeaderView::sectionDoubleClicked, this, &QTreeView::resizeColumnToContents);
@@ -105,11 +108,44 @@ void TreePropertyEditorView::keyPressEvent(QKeyEvent *event)
                 index = index.sibling(index.row(), 1);
                 setCurrentIndex(index);
             }
-            QAbstractItemView::edit(index);
+            edit(index, AllEditTriggers, nullptr);
             return;
         }
     }
+    // A key that moves the current row moves the editor along: currentChanged opens it
+    // once the row has changed.
+    const bool wasMoving = mKeyMove;
+    mKeyMove = true;
     QTreeWidget::keyPressEvent(event);
+    mKeyMove = wasMoving;
+}
+
+void TreePropertyEditorView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeWidget::currentChanged(current, previous);
+    // decided: the editor is opened after the current row has changed, not in moveCursor:
+    // while the old editor is open Qt refuses to edit, and the new row would get none.
+    if (!mKeyMove || !current.isValid())
+        return;
+    mKeyMove = false;
+    openEditor(current.sibling(current.row(), 1));
+}
+
+void TreePropertyEditorView::openEditor(const QModelIndex &index)
+{
+    if (!index.isValid() || state() == EditingState)
+        return;
+    if (!(index.flags() & Qt::ItemIsEditable) || !(index.flags() & Qt::ItemIsEnabled))
+        return;
+    edit(index, AllEditTriggers, nullptr);
+}
+
+QItemSelectionModel::SelectionFlags TreePropertyEditorView::selectionCommand(
+    const QModelIndex &, const QEvent *) const
+{
+    // Not NoUpdate: Qt then moves the current row by key only on styles that allow moving
+    // without updating the selection.
+    return QItemSelectionModel::Clear;
 }
 
 void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
@@ -138,12 +174,18 @@ void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
 
 bool TreePropertyEditorView::event(QEvent *event)
 {
-    // Tab stays in the tree instead of leaving it for the next widget of the window.
+    // Tab stays in the tree instead of leaving it for the next widget of the window;
+    // Ctrl+Tab and Ctrl+Shift+Tab leave it, as in Qt's text editors.
     if (event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
-        if (!(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
-            && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)) {
+        const bool tab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+        if (tab && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
             keyPressEvent(key);
+            event->accept();
+            return true;
+        }
+        if (tab && (key->modifiers() & Qt::ControlModifier) && !(key->modifiers() & Qt::AltModifier)) {
+            leave(key->key() == Qt::Key_Tab && !(key->modifiers() & Qt::ShiftModifier));
             event->accept();
             return true;
         }
@@ -151,13 +193,29 @@ bool TreePropertyEditorView::event(QEvent *event)
     return QTreeWidget::event(event);
 }
 
+void TreePropertyEditorView::leave(bool next)
+{
+    // The open editor commits and closes; the focus goes from the tree to the next widget.
+    if (QWidget *open = mEditorPrivate && mEditorPrivate->delegate()
+            ? mEditorPrivate->delegate()->editedWidget()
+            : nullptr) {
+        if (indexWidget(currentIndex()) == open) {
+            commitData(open);
+            closeEditor(open, QAbstractItemDelegate::NoHint);
+        }
+    }
+    setFocus(Qt::OtherFocusReason);
+    // Past the view's own Tab handling, which keeps the focus in the tree.
+    QWidget::focusNextPrevChild(next);
+}
+
 bool TreePropertyEditorView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
     if (!QTreeWidget::edit(index, trigger, event))
         return false;
-    QWidget *editor = mEditorPrivate && mEditorPrivate->delegate()
-        ? mEditorPrivate->delegate()->editedWidget()
-        : nullptr;
+    // The editor of this cell, if one was made: a closing editor of another row may still be
+    // the delegate's last.
+    QWidget *editor = indexWidget(index);
     if (!editor)
         return true;
     if (!selectEditorText(editor) && event
@@ -214,25 +272,32 @@ void TreePropertyEditorView::forwardClick(QWidget *editor, const QMouseEvent &ev
     QCoreApplication::sendEvent(target, &release);
 }
 
-QModelIndex TreePropertyEditorView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
-{
-    const QModelIndex result = QTreeWidget::moveCursor(action, modifiers);
-    // Moving with the keyboard moves the open editor along.
-    if (result.isValid())
-        QAbstractItemView::edit(result);
-    return result;
-}
-
 void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     QWidget *child = editor && editor->objectName() != QLatin1String("editor") ? editor : nullptr;
-    if (hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem)
-        while (editor && editor->objectName() != QLatin1String("editor"))
-            editor = editor->parentWidget();
+    // The delegate watches every field of an editor, and Qt knows only the outer widget
+    // named "editor": whichever field asks, the outer widget is closed, for every hint.
+    while (editor && editor->objectName() != QLatin1String("editor"))
+        editor = editor->parentWidget();
+    if (!editor)
+        return;
+    const bool moving
+        = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     // A nested field of a compound editor keeps the focus when the tab order moves on.
-    if (child && editor && child != editor)
+    if (moving && child && child != editor)
         editor->setFocusProxy(child);
+    // Escape: what was typed and not yet written is dropped, not written as the focus leaves.
+    if (hint == QAbstractItemDelegate::RevertModelCache) {
+        editor->blockSignals(true);
+        for (QWidget *field : editor->findChildren<QWidget *>())
+            field->blockSignals(true);
+    }
+    // An editor closed while it has the focus gives it to the tree.
+    QWidget *focus = QApplication::focusWidget();
+    const bool hadFocus = focus && (focus == editor || editor->isAncestorOf(focus));
     QTreeWidget::closeEditor(editor, hint);
+    if (hadFocus && !moving && focusPolicy() != Qt::NoFocus)
+        setFocus(Qt::OtherFocusReason);
 }
 
 void TreePropertyEditorView::updateGeometries()

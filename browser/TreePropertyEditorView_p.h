@@ -18,7 +18,10 @@ public:
 
     void setEditorPrivate(TreePropertyBrowserPrivate *editorPrivate) { mEditorPrivate = editorPrivate; }
     QTreeWidgetItem *indexToItem(const QModelIndex &index) const { return itemFromIndex(index); }
+    QModelIndex valueIndex(QTreeWidgetItem *item) const { return indexFromItem(item, 1); }
     void forceUpdateGeometries() { updateGeometries(); }
+    // Opens the editor of a value cell, when the cell can have one and none is open.
+    void openEditor(const QModelIndex &index);
 
 protected slots:
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -31,7 +34,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     bool event(QEvent *event) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex &index, const QEvent *event = nullptr) const override;
     void updateGeometries() override;
 
 private:
@@ -40,7 +45,12 @@ private:
     // The click that opened the editor also acts in it.
     static void forwardClick(QWidget *editor, const QMouseEvent &event);
 
+    // Gives the focus to the next (or previous) widget after the tree.
+    void leave(bool next);
+
     TreePropertyBrowserPrivate *mEditorPrivate = nullptr;
+    // Set while a key is handled: a change of the current row then opens the editor.
+    bool mKeyMove = false;
     // The branch arrows, closed and open, for the colour and resolution they were made for.
     mutable QImage mArrows[2];
     mutable QColor mArrowColour;
