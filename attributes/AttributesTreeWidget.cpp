@@ -168,6 +168,8 @@ void AttributesTreeWidget::clearAttributes()
     mDictionaries.clear();
     mAttributes.clear();
     mLastAttributes.clear();
+    mPendingChanges.clear();
+    mDeclared = false;
     ++mRebuilding;
     for (Tab &tab : mTabs)
         tab.manager->clear();
@@ -334,7 +336,10 @@ void AttributesTreeWidget::rebuildRows(TAutoPtr<const Attribute> attribute, View
 
 void AttributesTreeWidget::setAttributes(const AttributeMap &attributes)
 {
-    if (mAttributes.empty()) {
+    // Declared by a flag, not by the attributes shown: without an environment's defaults the
+    // headings come while no attribute does.
+    if (!mDeclared) {
+        mDeclared = true;
         createAttributes();
         restoreState();
     } else if (mLastAttributes.isEqual(attributes)) {
@@ -372,6 +377,11 @@ void AttributesTreeWidget::activateAttributes(const AttributeMap &attributes)
 
 void AttributesTreeWidget::propertyChanged(QtProperty *property)
 {
+    noteEdit(property, false);
+}
+
+void AttributesTreeWidget::noteEdit(QtProperty *property, bool always)
+{
     // Rows being made or rebuilt report their setup, and an editor that goes with its row
     // commits on its way out: neither is the user's edit.
     if (mRebuilding > 0)
@@ -388,17 +398,40 @@ void AttributesTreeWidget::propertyChanged(QtProperty *property)
         return;
     clone->applyProperties(*dictionary->second);
     const TAutoPtr<Property> data = view->data();
+    bool resolved = false;
     if (data && !data->isUndefined() && data->isUndefinable()) {
         // The user has just given an undefined row a value.
         data->setUndefinable(false);
         view->setUndefined(false);
+        resolved = true;
+        // kept on purpose: the keyboard focus leaves the palette once the row is defined.
         if (QWidget *focus = QApplication::focusWidget())
             focus->clearFocus();
     }
+    // The manager also reports changes of a row's enabled state, name or modified mark (a
+    // switchable group flips its children): they are no edit when the values stay.
+    const auto shown = mAttributes.find(clone->key());
+    if (!always && !resolved && shown != mAttributes.end() && shown->second
+        && shown->second->hasSameValues(*clone))
+        return;
     mAttributes.insert(clone);
     // The host's echo of this change then makes setAttributes return at once.
     mLastAttributes.insert(clone);
-    attributeChanged(clone);
+    // decided: the host hears of the edit once, after the manager and browsers are done.
+    const bool scheduled = !mPendingChanges.empty();
+    mPendingChanges[clone->key()] = clone;
+    if (!scheduled)
+        QMetaObject::invokeMethod(this, &AttributesTreeWidget::reportEdits, Qt::QueuedConnection);
+}
+
+void AttributesTreeWidget::reportEdits()
+{
+    // The host may clear or rebuild the palette from its hook: take one change at a time.
+    while (!mPendingChanges.empty()) {
+        const TAutoPtr<const Attribute> change = mPendingChanges.begin()->second;
+        mPendingChanges.erase(mPendingChanges.begin());
+        attributeChanged(change);
+    }
 }
 
 void AttributesTreeWidget::propertyInserted(QtProperty *newProperty, QtProperty *parentProperty, QtProperty *)
@@ -434,7 +467,7 @@ void AttributesTreeWidget::resolveUndefinedProperty(QtProperty *property)
     rebuildRows(fallback, view, false);
     // The default value counts as the user's edit.
     if (QtBrowserItem *first = firstRow(key))
-        propertyChanged(first->property());
+        noteEdit(first->property(), true);
 }
 
 namespace {

@@ -85,6 +85,10 @@ private:
         QString name;
     };
 
+    // A row's property changed: an edit when its attribute's values did (or always).
+    void noteEdit(QtProperty *property, bool always);
+    // Calls attributeChanged() for the edits noted since the last turn of the event loop.
+    void reportEdits();
     void setAttribute(TAutoPtr<const Attribute> attribute, QtProperty *preceding, bool undefined,
         QtProperty *parent);
     void activateAttributes(const AttributeMap &attributes);
@@ -112,6 +116,10 @@ private:
     AttributeMap mLastAttributes;
     // Rows are being rebuilt: a commit of an editor that goes with its row is not an edit.
     int mRebuilding = 0;
+    // createAttributes() has run since the last clearAttributes().
+    bool mDeclared = false;
+    // Edits waiting for reportEdits(), one per attribute, the latest.
+    std::map<AttributeKey, TAutoPtr<const Attribute>> mPendingChanges;
 };
 
 } // namespace TavoLib

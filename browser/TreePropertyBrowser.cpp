@@ -176,8 +176,10 @@ QColor TreePropertyBrowser::calculatedBackgroundColor(QtBrowserItem *item) const
 
 void TreePropertyBrowser::setExpanded(QtBrowserItem *item, bool expanded)
 {
-    if (QTreeWidgetItem *treeItem = mPrivate->treeItem(item))
+    if (QTreeWidgetItem *treeItem = mPrivate->treeItem(item)) {
         mPrivate->setExpanded(treeItem, expanded);
+        mPrivate->rememberExpansion(item, expanded);
+    }
 }
 
 bool TreePropertyBrowser::isExpanded(QtBrowserItem *item) const

@@ -219,7 +219,8 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     mItemToIndex[row] = item;
     mIndexToItem[item] = row;
     row->setFlags(row->flags() | Qt::ItemIsEditable);
-    setExpanded(row, true);
+    // A top-level row comes as the user left the row of its name, also one rebuilt.
+    setExpanded(row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(item->property()), true));
     if (isMultiLine(item->property()))
         ++mMultiLineRows;
     // The parent shows its first child now, as it was asked to when it came.
@@ -339,14 +340,24 @@ void TreePropertyBrowserPrivate::syncEnabled(QTreeWidgetItem *item, QtProperty *
 
 void TreePropertyBrowserPrivate::slotCollapsed(const QModelIndex &index)
 {
-    if (QtBrowserItem *item = indexToBrowserItem(index))
+    if (QtBrowserItem *item = indexToBrowserItem(index)) {
+        rememberExpansion(item, false);
         emit mBrowser->collapsed(item);
+    }
 }
 
 void TreePropertyBrowserPrivate::slotExpanded(const QModelIndex &index)
 {
-    if (QtBrowserItem *item = indexToBrowserItem(index))
+    if (QtBrowserItem *item = indexToBrowserItem(index)) {
+        rememberExpansion(item, true);
         emit mBrowser->expanded(item);
+    }
+}
+
+void TreePropertyBrowserPrivate::rememberExpansion(QtBrowserItem *item, bool expanded)
+{
+    if (item && !item->parent())
+        mBrowser->mExpansionStates[expansionKey(item->property())] = expanded;
 }
 
 void TreePropertyBrowserPrivate::slotCurrentBrowserItemChanged(QtBrowserItem *item)

@@ -66,6 +66,8 @@ public:
     void refreshHeadings();
 
     void setExpanded(QTreeWidgetItem *item, bool expanded);
+    // Keeps a top-level row's expansion by name, for the rows that replace it and saveState.
+    void rememberExpansion(QtBrowserItem *item, bool expanded);
     bool isExpanded(QTreeWidgetItem *item) const;
 
     TreePropertyBrowser *mBrowser;

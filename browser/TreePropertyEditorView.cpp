@@ -166,7 +166,9 @@ void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
             edit(indexFromItem(item, 1), QAbstractItemView::AllEditTriggers, event);
         } else if (!mEditorPrivate->hasValue(item) && mEditorPrivate->markPropertiesWithoutValue()
             && !rootIsDecorated() && event->pos().x() + header()->offset() < 20) {
-            mEditorPrivate->setExpanded(item, !mEditorPrivate->isExpanded(item));
+            const bool expand = !mEditorPrivate->isExpanded(item);
+            mEditorPrivate->setExpanded(item, expand);
+            mEditorPrivate->rememberExpansion(mEditorPrivate->browserItem(item), expand);
         }
     }
     inPress = false;
@@ -306,7 +308,8 @@ void TreePropertyEditorView::updateGeometries()
         return;
     QTreeWidget::updateGeometries();
     const int rows = topLevelItemCount();
-    // Only wrapped texts change height with the width; without one no row is asked again.
+    // kept on purpose: only wrapped texts change height with the width; without one no row
+    // is asked for its height again, which saves a pass over every row at each resize.
     if (rows == 0 || !mEditorPrivate || mEditorPrivate->multiLineRows() == 0)
         return;
     // Asks every row for its height again: multi-line texts change with the width.
