@@ -122,6 +122,15 @@ void TreePropertyEditorView::keyPressEvent(QKeyEvent *event)
 
 void TreePropertyEditorView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
+    // Qt closes the editor of the previous cell only; with the name cell current, the
+    // editor of the value cell beside it goes here.
+    if (previous.isValid() && (previous.row() != current.row() || previous.parent() != current.parent())) {
+        const QModelIndex value = previous.sibling(previous.row(), 1);
+        if (QWidget *open = previous.column() != 1 && value.isValid() ? indexWidget(value) : nullptr) {
+            commitData(open);
+            closeEditor(open, QAbstractItemDelegate::NoHint);
+        }
+    }
     QTreeWidget::currentChanged(current, previous);
     // decided: the editor is opened after the current row has changed, not in moveCursor:
     // while the old editor is open Qt refuses to edit, and the new row would get none.
@@ -201,7 +210,7 @@ void TreePropertyEditorView::leave(bool next)
     if (QWidget *open = mEditorPrivate && mEditorPrivate->delegate()
             ? mEditorPrivate->delegate()->editedWidget()
             : nullptr) {
-        if (indexWidget(currentIndex()) == open) {
+        if (open->isVisible()) {
             commitData(open);
             closeEditor(open, QAbstractItemDelegate::NoHint);
         }
