@@ -21,10 +21,16 @@ namespace {
 
 QPixmap branchPixmap(QStyle *style, const QPalette &palette, bool open)
 {
-    QPixmap pixmap(14, 14);
+    // Sharp at any density: drawn at the screen's resolution, in scaled logical pixels.
+    const double ratio = Device::pixelRatio();
+    const int side = qRound(Device::scale(14));
+    QPixmap pixmap(QSize(side, side) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QStyleOption option;
-    option.rect = QRect(2, 2, 9, 9);
+    const int margin = qRound(Device::scale(2));
+    const int mark = qRound(Device::scale(9));
+    option.rect = QRect(margin, margin, mark, mark);
     option.palette = palette;
     option.state = QStyle::State_Children;
     if (open)
@@ -221,8 +227,11 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     row->setFlags(row->flags() | Qt::ItemIsEditable);
     // A top-level row comes as the user left the row of its name, also one rebuilt.
     setExpanded(row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(item->property()), true));
-    if (isMultiLine(item->property()))
+    // Known once per row: asking the property is a cast per painted cell.
+    if (isMultiLine(item->property())) {
         ++mMultiLineRows;
+        mMultiLineItems.insert(row);
+    }
     // The parent shows its first child now, as it was asked to when it came.
     if (parent && mExpandWhenFilled.remove(parent))
         parent->setExpanded(true);
@@ -240,7 +249,7 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
     // The open editor of the row goes with it; its address must not stand for a row.
     mDelegate->forgetItem(row);
     mExpandWhenFilled.remove(row);
-    if (isMultiLine(item->property()))
+    if (mMultiLineItems.remove(row))
         --mMultiLineRows;
     mIndexToItem.remove(item);
     mItemToIndex.remove(row);

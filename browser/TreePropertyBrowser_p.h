@@ -48,6 +48,11 @@ public:
     bool markPropertiesWithoutValue() const { return mMarkPropertiesWithoutValue; }
     bool allowUpdateGeometry() const;
     int multiLineRows() const { return mMultiLineRows; }
+    bool isMultiLineRow(QTreeWidgetItem *item) const { return mMultiLineRows > 0 && mMultiLineItems.contains(item); }
+    bool isMultiLineRow(const QModelIndex &index) const
+    {
+        return mMultiLineRows > 0 && mMultiLineItems.contains(indexToItem(index));
+    }
     QColor calculatedBackgroundColor(QtBrowserItem *item) const;
     void disableItem(QTreeWidgetItem *item) const;
     void enableItem(QTreeWidgetItem *item) const;
@@ -89,6 +94,7 @@ public:
     QSet<QTreeWidgetItem *> mExpandWhenFilled;
     // Rows of multi-line texts, whose height follows the width of the value column.
     int mMultiLineRows = 0;
+    QSet<QTreeWidgetItem *> mMultiLineItems;
 
 public slots:
     void slotCollapsed(const QModelIndex &index);

@@ -125,7 +125,7 @@ void TreePropertyEditorDelegate::paint(
         opt.font.setBold(true);
         opt.fontMetrics = QFontMetrics(opt.font);
     }
-    if (index.column() == 1 && isMultiLine(property)) {
+    if (index.column() == 1 && mEditorPrivate && mEditorPrivate->isMultiLineRow(index)) {
         opt.features |= QStyleOptionViewItem::WrapText;
         opt.textElideMode = Qt::ElideNone;
     }
@@ -175,9 +175,8 @@ QSize TreePropertyEditorDelegate::sizeHint(
 {
     QStyleOptionViewItem opt = option;
     opt.decorationSize = Device::size(Device::SizeType5);
-    QtProperty *property = mEditorPrivate ? mEditorPrivate->indexToProperty(index) : nullptr;
     const auto *tree = qobject_cast<const QTreeWidget *>(option.widget);
-    if (index.column() == 1 && isMultiLine(property) && tree) {
+    if (index.column() == 1 && tree && mEditorPrivate && mEditorPrivate->isMultiLineRow(index)) {
         QStyleOptionViewItem wrapped = opt;
         wrapped.rect.setWidth(tree->header()->sectionSize(1) - 6);
         wrapped.rect.setHeight(1);

@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QToolTip>
 
 namespace TavoLib {
 
@@ -174,7 +175,7 @@ void TreePropertyEditorView::mousePressEvent(QMouseEvent *event)
             && (item->flags() & Qt::ItemIsEditable) && (item->flags() & Qt::ItemIsEnabled)) {
             edit(indexFromItem(item, 1), QAbstractItemView::AllEditTriggers, event);
         } else if (!mEditorPrivate->hasValue(item) && mEditorPrivate->markPropertiesWithoutValue()
-            && !rootIsDecorated() && event->pos().x() + header()->offset() < 20) {
+            && !rootIsDecorated() && event->pos().x() + header()->offset() < Device::scale(20)) {
             const bool expand = !mEditorPrivate->isExpanded(item);
             mEditorPrivate->setExpanded(item, expand);
             mEditorPrivate->rememberExpansion(mEditorPrivate->browserItem(item), expand);
@@ -311,6 +312,36 @@ void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate:
         setFocus(Qt::OtherFocusReason);
 }
 
+void TreePropertyEditorView::resizeEvent(QResizeEvent *event)
+{
+    // A long (translated) name takes at most half the width, so that the values stay in
+    // view; the name is cut and shows whole as its tooltip.
+    header()->setMaximumSectionSize(qMax(header()->minimumSectionSize(), viewport()->width() / 2));
+    QTreeWidget::resizeEvent(event);
+}
+
+bool TreePropertyEditorView::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTreeWidget::viewportEvent(event);
+    // A name or value cut short shows whole as the cell's tooltip.
+    auto *help = static_cast<QHelpEvent *>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const QRect cell = visualRect(index);
+    int room = cell.width() - 6;
+    if (!qvariant_cast<QIcon>(index.data(Qt::DecorationRole)).isNull())
+        room -= iconSize().width() + 4;
+    const bool wrapped = index.column() == 1 && mEditorPrivate && mEditorPrivate->isMultiLineRow(index);
+    if (!text.isEmpty() && !wrapped && fontMetrics().horizontalAdvance(text) > room) {
+        QToolTip::showText(help->globalPos(), text, viewport(), cell);
+    } else {
+        QToolTip::hideText();
+        event->ignore();
+    }
+    return true;
+}
+
 void TreePropertyEditorView::updateGeometries()
 {
     if (mEditorPrivate && !mEditorPrivate->allowUpdateGeometry())
@@ -324,9 +355,9 @@ void TreePropertyEditorView::updateGeometries()
     // Asks every row for its height again: multi-line texts change with the width.
     emit model()->dataChanged(model()->index(0, 1), model()->index(rows - 1, 1), {});
     for (int i = 0; i < rows; ++i) {
-        QtBrowserItem *item = mEditorPrivate->browserItem(topLevelItem(i));
-        if (item && isMultiLine(item->property()))
-            mEditorPrivate->propertyChanged(item);
+        QTreeWidgetItem *row = topLevelItem(i);
+        if (mEditorPrivate->isMultiLineRow(row))
+            mEditorPrivate->updateItem(row);
     }
 }
 

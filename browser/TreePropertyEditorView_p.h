@@ -38,6 +38,8 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex &index, const QEvent *event = nullptr) const override;
     void updateGeometries() override;
+    bool viewportEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     // The text of a freshly opened editor is selected, so that typing replaces it.

@@ -26,6 +26,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeWidget>
 
 using namespace TavoLib;
@@ -496,6 +497,50 @@ private slots:
         box->property()->setEnabled(false);
         QTRY_VERIFY(!f.editor());
         QVERIFY(f.tree()->hasFocus());
+    }
+
+    // A value cut short shows whole as its tooltip; one that fits shows none.
+    void tooltipsOfCutCells()
+    {
+        Form f;
+        f.one->setValue(QString(200, QLatin1Char('w')));
+        f.manager->propertyValueChanged(f.browser->topLevelItems().at(0)->property());
+        QApplication::processEvents();
+        const QRect one = f.tree()->visualItemRect(f.row("One"));
+        const QPoint cell(f.tree()->header()->sectionPosition(1) + 20, one.center().y());
+        QHelpEvent help(QEvent::ToolTip, cell, f.tree()->viewport()->mapToGlobal(cell));
+        QApplication::sendEvent(f.tree()->viewport(), &help);
+        QTRY_COMPARE(QToolTip::text(), f.one->value());
+        const QPoint two(cell.x(), f.tree()->visualItemRect(f.row("Two")).center().y());
+        QHelpEvent none(QEvent::ToolTip, two, f.tree()->viewport()->mapToGlobal(two));
+        QApplication::sendEvent(f.tree()->viewport(), &none);
+        QTRY_VERIFY(QToolTip::text().isEmpty());
+    }
+
+    // A long name takes at most half the width: the value column stays in view, the name is
+    // cut and shows whole as its tooltip.
+    void longNamesInANarrowTree()
+    {
+        Form f;
+        const QString longName = QStringLiteral("A very long translated name of a property, longer than the tree");
+        f.browser->topLevelItems().at(1)->property()->setPropertyName(longName);
+        f.window.resize(300, 600);
+        QApplication::processEvents();
+        QHeaderView *header = f.tree()->header();
+        const int width = f.tree()->viewport()->width();
+        QVERIFY(header->sectionSize(0) <= width / 2 + 1);
+        QVERIFY(header->sectionSize(0) + header->sectionSize(1) <= width + 1);
+        QVERIFY(header->sectionSize(1) >= width / 2 - 1);
+        const QPoint name(20, f.tree()->visualItemRect(f.row(longName)).center().y());
+        QHelpEvent help(QEvent::ToolTip, name, f.tree()->viewport()->mapToGlobal(name));
+        QApplication::sendEvent(f.tree()->viewport(), &help);
+        QTRY_COMPARE(QToolTip::text(), longName);
+        // With short names again the value column still fills the rest.
+        f.browser->topLevelItems().at(1)->property()->setPropertyName(QStringLiteral("Two"));
+        f.window.resize(320, 600);
+        QApplication::processEvents();
+        QVERIFY(header->sectionSize(0) < width / 2);
+        QVERIFY(header->sectionSize(0) + header->sectionSize(1) >= f.tree()->viewport()->width() - 1);
     }
 
     // Editors are named for assistive technology by their row.
