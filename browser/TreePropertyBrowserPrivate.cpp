@@ -300,14 +300,24 @@ void TreePropertyBrowserPrivate::showValue(QTreeWidgetItem *item, QtProperty *pr
 {
     QIcon expandIcon;
     if (property->hasValue()) {
-        item->setIcon(1, property->valueIcon());
+        setIcon(item, 1, property->valueIcon());
         item->setText(1, property->valueText());
         showPlaceholderLook(item, property);
     } else if (mMarkPropertiesWithoutValue && !mTreeWidget->rootIsDecorated()) {
         expandIcon = mExpandIcon;
     }
-    item->setIcon(0, expandIcon);
+    setIcon(item, 0, expandIcon);
     item->setText(0, property->propertyName());
+}
+
+void TreePropertyBrowserPrivate::setIcon(QTreeWidgetItem *item, int column, const QIcon &icon)
+{
+    // Qt cannot compare icons, so every icon set is a change the view lays out again;
+    // an icon that stays null, or stays the same icon, is not set.
+    const QIcon shown = item->icon(column);
+    if (shown.isNull() ? icon.isNull() : shown.cacheKey() == icon.cacheKey())
+        return;
+    item->setIcon(column, icon);
 }
 
 void TreePropertyBrowserPrivate::showPlaceholderLook(QTreeWidgetItem *item, QtProperty *property)

@@ -63,6 +63,7 @@ public:
     // Shows the row's property again: value, look, the open editor's height, enabled state.
     void updateItem(QTreeWidgetItem *item);
     void showValue(QTreeWidgetItem *item, QtProperty *property);
+    static void setIcon(QTreeWidgetItem *item, int column, const QIcon &icon);
     // An empty string with a placeholder shows in italics and greyed.
     void showPlaceholderLook(QTreeWidgetItem *item, QtProperty *property);
     void fitEditorHeight(QTreeWidgetItem *item);
