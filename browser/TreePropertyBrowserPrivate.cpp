@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QStyleOption>
 
 namespace TavoLib {
@@ -300,8 +301,21 @@ void TreePropertyBrowserPrivate::showValue(QTreeWidgetItem *item, QtProperty *pr
 {
     QIcon expandIcon;
     if (property->hasValue()) {
-        setIcon(item, 1, property->valueIcon());
-        item->setText(1, property->valueText());
+        const QIcon icon = property->valueIcon();
+        const QString text = property->valueText();
+        // A new text of the same one-line look changes no row's height or column width:
+        // the view is not told cell by cell (each time it would look the row up from the
+        // top), the viewport is painted again once.
+        const bool sameLook = item->text(1) != text && icon.isNull() == item->icon(1).isNull()
+            && !isMultiLineRow(item) && !stringOf(property)
+            && mTreeWidget->header()->sectionResizeMode(1) != QHeaderView::ResizeToContents;
+        setIcon(item, 1, icon);
+        if (sameLook) {
+            const QSignalBlocker quiet(mTreeWidget->model());
+            item->setText(1, text);
+        } else {
+            item->setText(1, text);
+        }
         showPlaceholderLook(item, property);
     } else if (mMarkPropertiesWithoutValue && !mTreeWidget->rootIsDecorated()) {
         expandIcon = mExpandIcon;
