@@ -530,7 +530,9 @@ void printRatios()
             std::snprintf(k[0], 16, "%.2fx", ours.load / peer->second.load);
             std::snprintf(k[1], 16, "%.2fx", ours.change / peer->second.change);
             std::snprintf(k[2], 16, "%.2fx", ours.teardown / peer->second.teardown);
-            std::snprintf(k[3], 16, "%.2fx", ours.kbPerRow / peer->second.kbPerRow);
+            // Below 100 rows the heap per row drowns in what the widget allocates by the way.
+            if (n >= 100 && ours.kbPerRow > 0 && peer->second.kbPerRow > 0)
+                std::snprintf(k[3], 16, "%.2fx", ours.kbPerRow / peer->second.kbPerRow);
         }
         char f[16] = "-";
         if (floor != gFigures.end())
