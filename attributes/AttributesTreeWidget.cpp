@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QSettings>
+#include <memory>
 
 Q_DECLARE_METATYPE(QtProperty *)
 
@@ -100,14 +101,7 @@ int AttributesTreeWidget::addTab(const QString &name)
         &AttributesTreeWidget::propertyChanged);
     connect(manager, &QtAbstractPropertyManager::propertyInserted, this,
         &AttributesTreeWidget::propertyInserted);
-    if (mEnvironment) {
-        manager->setStylesheetManager(mEnvironment->stylesheetManager());
-        manager->setBrushProvider(TAutoPtr<const BrushProviderQt>(mEnvironment->brushProvider()));
-        manager->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(mEnvironment->penStyleProvider()));
-        manager->setLineHeadStyleProvider(
-            TAutoPtr<const LineHeadStyleProviderQt>(mEnvironment->lineHeadStyleProvider()));
-        manager->setFontProvider(TAutoPtr<const FontProviderQt>(mEnvironment->fontProvider()));
-    }
+    giveProviders(manager);
     return int(mTabs.size()) - 1;
 }
 
@@ -149,23 +143,21 @@ void AttributesTreeWidget::setEnvironment(TAutoPtr<Environment> environment)
     clearAttributes();
     if (!environment)
         return;
-    const TAutoPtr<const StylesheetManager> stylesheets = environment->stylesheetManager();
-    const TAutoPtr<const BrushProviderQt> brushes(environment->brushProvider());
-    const TAutoPtr<const PenStyleProviderQt> pens(environment->penStyleProvider());
-    const TAutoPtr<const LineHeadStyleProviderQt> heads(environment->lineHeadStyleProvider());
-    const TAutoPtr<const FontProviderQt> fonts(environment->fontProvider());
-    for (Tab &tab : mTabs) {
-        tab.manager->setStylesheetManager(stylesheets);
-        tab.manager->setBrushProvider(brushes);
-        tab.manager->setPenStyleProvider(pens);
-        tab.manager->setLineHeadStyleProvider(heads);
-        tab.manager->setFontProvider(fonts);
-    }
-    mEditorFactory->setStylesheetManager(stylesheets);
-    mEditorFactory->setBrushProvider(brushes);
-    mEditorFactory->setPenStyleProvider(pens);
-    mEditorFactory->setLineHeadStyleProvider(heads);
-    mEditorFactory->setFontProvider(fonts);
+    for (Tab &tab : mTabs)
+        giveProviders(tab.manager);
+    giveProviders(mEditorFactory);
+}
+
+template <class Target> void AttributesTreeWidget::giveProviders(Target *target) const
+{
+    if (!mEnvironment)
+        return;
+    target->setStylesheetManager(mEnvironment->stylesheetManager());
+    target->setBrushProvider(TAutoPtr<const BrushProviderQt>(mEnvironment->brushProvider()));
+    target->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(mEnvironment->penStyleProvider()));
+    target->setLineHeadStyleProvider(
+        TAutoPtr<const LineHeadStyleProviderQt>(mEnvironment->lineHeadStyleProvider()));
+    target->setFontProvider(TAutoPtr<const FontProviderQt>(mEnvironment->fontProvider()));
 }
 
 void AttributesTreeWidget::clearAttributes()
@@ -176,6 +168,8 @@ void AttributesTreeWidget::clearAttributes()
     mDictionaries.clear();
     mAttributes.clear();
     mLastAttributes.clear();
+    mPendingChanges.clear();
+    mDeclared = false;
     ++mRebuilding;
     for (Tab &tab : mTabs)
         tab.manager->clear();
@@ -327,16 +321,25 @@ void AttributesTreeWidget::replaceAttribute(
     ViewProperty *view = first ? viewOf(first->property()) : nullptr;
     if (!view || !attribute)
         return;
+    rebuildRows(attribute, view, undefined);
+}
+
+void AttributesTreeWidget::rebuildRows(TAutoPtr<const Attribute> attribute, ViewProperty *preceding, bool undefined)
+{
+    const AttributeKey key = attribute->key();
     const std::set<QtBrowserItem *> old = mItems[key];
     ++mRebuilding;
-    setAttribute(attribute, view, undefined, view->parentProperty());
+    setAttribute(attribute, preceding, undefined, preceding->parentProperty());
     removeRows(key, old);
     --mRebuilding;
 }
 
 void AttributesTreeWidget::setAttributes(const AttributeMap &attributes)
 {
-    if (mAttributes.empty()) {
+    // Declared by a flag, not by the attributes shown: without an environment's defaults the
+    // headings come while no attribute does.
+    if (!mDeclared) {
+        mDeclared = true;
         createAttributes();
         restoreState();
     } else if (mLastAttributes.isEqual(attributes)) {
@@ -374,6 +377,11 @@ void AttributesTreeWidget::activateAttributes(const AttributeMap &attributes)
 
 void AttributesTreeWidget::propertyChanged(QtProperty *property)
 {
+    noteEdit(property, false);
+}
+
+void AttributesTreeWidget::noteEdit(QtProperty *property, bool always)
+{
     // Rows being made or rebuilt report their setup, and an editor that goes with its row
     // commits on its way out: neither is the user's edit.
     if (mRebuilding > 0)
@@ -390,17 +398,40 @@ void AttributesTreeWidget::propertyChanged(QtProperty *property)
         return;
     clone->applyProperties(*dictionary->second);
     const TAutoPtr<Property> data = view->data();
+    bool resolved = false;
     if (data && !data->isUndefined() && data->isUndefinable()) {
         // The user has just given an undefined row a value.
         data->setUndefinable(false);
         view->setUndefined(false);
+        resolved = true;
+        // kept on purpose: the keyboard focus leaves the palette once the row is defined.
         if (QWidget *focus = QApplication::focusWidget())
             focus->clearFocus();
     }
+    // The manager also reports changes of a row's enabled state, name or modified mark (a
+    // switchable group flips its children): they are no edit when the values stay.
+    const auto shown = mAttributes.find(clone->key());
+    if (!always && !resolved && shown != mAttributes.end() && shown->second
+        && shown->second->hasSameValues(*clone))
+        return;
     mAttributes.insert(clone);
     // The host's echo of this change then makes setAttributes return at once.
     mLastAttributes.insert(clone);
-    attributeChanged(clone);
+    // decided: the host hears of the edit once, after the manager and browsers are done.
+    const bool scheduled = !mPendingChanges.empty();
+    mPendingChanges[clone->key()] = clone;
+    if (!scheduled)
+        QMetaObject::invokeMethod(this, &AttributesTreeWidget::reportEdits, Qt::QueuedConnection);
+}
+
+void AttributesTreeWidget::reportEdits()
+{
+    // The host may clear or rebuild the palette from its hook: take one change at a time.
+    while (!mPendingChanges.empty()) {
+        const TAutoPtr<const Attribute> change = mPendingChanges.begin()->second;
+        mPendingChanges.erase(mPendingChanges.begin());
+        attributeChanged(change);
+    }
 }
 
 void AttributesTreeWidget::propertyInserted(QtProperty *newProperty, QtProperty *parentProperty, QtProperty *)
@@ -433,39 +464,41 @@ void AttributesTreeWidget::resolveUndefinedProperty(QtProperty *property)
     const TAutoPtr<const Attribute> fallback = mEnvironment->defaultAttribute(key);
     if (!fallback)
         return;
-    const std::set<QtBrowserItem *> old = mItems[key];
-    ++mRebuilding;
-    setAttribute(fallback, property, false, view->parentProperty());
-    removeRows(key, old);
-    --mRebuilding;
+    rebuildRows(fallback, view, false);
     // The default value counts as the user's edit.
     if (QtBrowserItem *first = firstRow(key))
-        propertyChanged(first->property());
+        noteEdit(first->property(), true);
 }
+
+namespace {
+
+// The settings group of the palette's saved expansion, one key per tab.
+std::unique_ptr<QSettings> openStates()
+{
+    auto settings = std::make_unique<QSettings>(
+        QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
+    settings->beginGroup(QStringLiteral("Attributes Palette"));
+    settings->beginGroup(QStringLiteral("1"));
+    return settings;
+}
+
+} // namespace
 
 void AttributesTreeWidget::saveState() const
 {
-    QSettings settings(QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
-    settings.beginGroup(QStringLiteral("Attributes Palette"));
-    settings.beginGroup(QStringLiteral("1"));
+    const std::unique_ptr<QSettings> settings = openStates();
     for (size_t i = 0; i < mTabs.size(); ++i)
-        settings.setValue(QString::number(i), mTabs[i].browser->saveState());
-    settings.endGroup();
-    settings.endGroup();
+        settings->setValue(QString::number(i), mTabs[i].browser->saveState());
 }
 
 void AttributesTreeWidget::restoreState()
 {
-    QSettings settings(QSettings::UserScope, QStringLiteral("Tavo Technology"), QStringLiteral("States"));
-    settings.beginGroup(QStringLiteral("Attributes Palette"));
-    settings.beginGroup(QStringLiteral("1"));
+    const std::unique_ptr<QSettings> settings = openStates();
     for (size_t i = 0; i < mTabs.size(); ++i) {
-        const QByteArray state = settings.value(QString::number(i)).toByteArray();
+        const QByteArray state = settings->value(QString::number(i)).toByteArray();
         if (!state.isEmpty())
             mTabs[i].browser->restoreState(state);
     }
-    settings.endGroup();
-    settings.endGroup();
 }
 
 } // namespace TavoLib

@@ -25,6 +25,7 @@ namespace TavoLib {
 
 class TreePropertyBrowser;
 class ViewEditorFactory;
+class ViewProperty;
 class ViewPropertyManager;
 
 class TAVOLIBGUI_EXPORT AttributesTreeWidget : public QTabWidget
@@ -84,12 +85,20 @@ private:
         QString name;
     };
 
+    // A row's property changed: an edit when its attribute's values did (or always).
+    void noteEdit(QtProperty *property, bool always);
+    // Calls attributeChanged() for the edits noted since the last turn of the event loop.
+    void reportEdits();
     void setAttribute(TAutoPtr<const Attribute> attribute, QtProperty *preceding, bool undefined,
         QtProperty *parent);
     void activateAttributes(const AttributeMap &attributes);
     // Rebuilds the rows of one attribute in place of the old ones.
     void replaceAttribute(const AttributeKey &key, TAutoPtr<const Attribute> attribute, bool undefined);
     void removeRows(const AttributeKey &key, const std::set<QtBrowserItem *> &rows);
+    // New rows of the attribute after the row preceding, then the old rows out.
+    void rebuildRows(TAutoPtr<const Attribute> attribute, ViewProperty *preceding, bool undefined);
+    // The environment's providers and stylesheets, for a tab's manager or the factory.
+    template <class Target> void giveProviders(Target *target) const;
     QtBrowserItem *firstRow(const AttributeKey &key) const;
     bool isPropertyValid(QtProperty *property) const;
     int tabOf(const AttributeKey &key);
@@ -107,6 +116,10 @@ private:
     AttributeMap mLastAttributes;
     // Rows are being rebuilt: a commit of an editor that goes with its row is not an edit.
     int mRebuilding = 0;
+    // createAttributes() has run since the last clearAttributes().
+    bool mDeclared = false;
+    // Edits waiting for reportEdits(), one per attribute, the latest.
+    std::map<AttributeKey, TAutoPtr<const Attribute>> mPendingChanges;
 };
 
 } // namespace TavoLib

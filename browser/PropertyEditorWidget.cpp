@@ -68,10 +68,8 @@ void PropertyEditorWidget::setEnvironment(TAutoPtr<Environment> environment)
     if (!environment)
         return;
     mPropertyWidget->setStylesheetManager(environment->stylesheetManager());
-    mPropertyWidget->setBrushProvider(
-        TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
-    mPropertyWidget->setPenStyleProvider(
-        TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
+    mPropertyWidget->setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
+    mPropertyWidget->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
     mPropertyWidget->setLineHeadStyleProvider(
         TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
     mPropertyWidget->setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
@@ -127,7 +125,7 @@ void PropertyEditorWidget::loadValues(TAutoPtr<const PropertyableObject> object,
 
 void PropertyEditorWidget::storeValues(TAutoPtr<PropertyableObject> object)
 {
-    storeValues(std::list<TAutoPtr<PropertyableObject>> { object });
+    storeValues(std::list<TAutoPtr<PropertyableObject>>{ object });
 }
 
 void PropertyEditorWidget::storeValues(const std::list<TAutoPtr<PropertyableObject>> &objects)

@@ -5,8 +5,7 @@
 
 namespace TavoLib {
 
-PropertyWidgetGroupWidget::PropertyWidgetGroupWidget(
-    QWidget *parent, const QString &title, bool withScrollArea)
+PropertyWidgetGroupWidget::PropertyWidgetGroupWidget(QWidget *parent, const QString &title, bool withScrollArea)
     : QWidget(parent)
 {
     setWindowTitle(title);

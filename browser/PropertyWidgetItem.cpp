@@ -2,7 +2,8 @@
 
 namespace TavoLib {
 
-PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner) : mOwner(owner)
+PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner)
+    : mOwner(owner)
 {
     TAutoPtr<PropertyDictionary> values(new PropertyDictionary);
     if (owner)
@@ -12,14 +13,15 @@ PropertyWidgetItem::PropertyWidgetItem(TAutoPtr<const PropertyableObject> owner)
 
 PropertyWidgetItem::PropertyWidgetItem(
     TAutoPtr<const PropertyableObject> owner, TAutoPtr<const PropertyDictionary> properties)
-    : mOwner(owner),
-      mProperties(
-          properties ? properties : TAutoPtr<const PropertyDictionary>(new PropertyDictionary))
+    : mOwner(owner)
+    , mProperties(properties ? properties : TAutoPtr<const PropertyDictionary>(new PropertyDictionary))
 {
 }
 
 PropertyWidgetItem::PropertyWidgetItem(const PropertyWidgetItem &other)
-    : MAutoObj(), mOwner(other.mOwner), mProperties(other.mProperties)
+    : MAutoObj()
+    , mOwner(other.mOwner)
+    , mProperties(other.mProperties)
 {
 }
 

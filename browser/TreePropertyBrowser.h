@@ -43,7 +43,10 @@ public:
     void setHeaderVisible(bool visible);
     ResizeMode resizeMode() const;
     void setResizeMode(ResizeMode mode);
-    // The width of the name column.
+    // The width of the name column. kept on purpose: right after construction the name
+    // column fits its contents while resizeMode() says Stretch, so a position set then is
+    // undone at the next layout, and setResizeMode(Stretch) changes nothing; set another
+    // mode first (it applies to both columns) to place the split by hand.
     int splitterPosition() const;
     void setSplitterPosition(int position);
     // Rows without a value (headings) painted in the palette's dark colour, with an expand
@@ -53,7 +56,9 @@ public:
 
     // The expansion of the top-level rows by name, also of rows no longer shown. A state of
     // another format, or bytes that are no state at all, change nothing; a state cut short
-    // restores the entries read whole. Rows are only ever collapsed by a restore.
+    // restores the entries read whole. Rows shown are only ever collapsed by a restore; a
+    // top-level row inserted later comes collapsed when a row of its name was collapsed (by
+    // the user or a restore), so rows rebuilt in place keep their expansion.
     QByteArray saveState();
     void restoreState(const QByteArray &state);
 
@@ -71,6 +76,10 @@ public:
     bool isExpanded(QtBrowserItem *item) const;
     void setItemVisible(QtBrowserItem *item, bool visible);
     bool isItemVisible(QtBrowserItem *item) const;
+    // Keys: Space, Return or Enter open the current row's editor; arrows, Tab, Backtab and
+    // the Page keys move the current row and the open editor with it; Escape closes the
+    // editor and gives the focus back to the tree. Tab stays in the tree; Ctrl+Tab and
+    // Ctrl+Shift+Tab leave it for the next or previous widget of the window.
     // Makes the row current and opens its editor.
     void editItem(QtBrowserItem *item);
     // Closes the open editor, if any, at the next turn of the event loop.

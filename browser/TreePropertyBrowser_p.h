@@ -1,17 +1,16 @@
 #pragma once
 
-// The inner parts of TreePropertyBrowser: the private half that keeps the rows of the tree
-// widget in step with the browser items, the tree widget that paints rows and opens the
-// one editor, and the delegate that makes and places that editor.
+// The private half of TreePropertyBrowser: keeps the rows of the tree widget in step with
+// the browser items. The tree widget that paints rows and opens the one editor is in
+// TreePropertyEditorView_p.h, the delegate that makes and places that editor in
+// TreePropertyEditorDelegate_p.h.
 #include "browser/TreePropertyBrowser.h"
 
-#include <QHash>
 #include <QIcon>
-#include <QImage>
-#include <QItemDelegate>
-#include <QPointer>
+#include <QMap>
 #include <QSet>
-#include <QTreeWidget>
+
+class QTreeWidgetItem;
 
 namespace TavoLib {
 
@@ -25,6 +24,8 @@ public:
     explicit TreePropertyBrowserPrivate(TreePropertyBrowser *browser);
 
     void init(QWidget *parent);
+    // The browser is being destroyed: the tree goes first, with its open editor.
+    void shutDown();
     QWidget *createEditor(QtProperty *property, QWidget *parent) const;
     QtBrowserItem *currentItem() const;
     void setCurrentItem(QtBrowserItem *item, bool block);
@@ -33,12 +34,25 @@ public:
     QTreeWidgetItem *editedItem() const;
     bool hasValue(QTreeWidgetItem *item) const;
 
+    TreePropertyEditorView *treeWidget() const { return mTreeWidget; }
+    TreePropertyEditorDelegate *delegate() const { return mDelegate; }
+    // The tree row of a browser item, or null.
+    QTreeWidgetItem *treeItem(QtBrowserItem *item) const { return mIndexToItem.value(item); }
+    QtBrowserItem *browserItem(QTreeWidgetItem *item) const { return mItemToIndex.value(item); }
     QTreeWidgetItem *indexToItem(const QModelIndex &index) const;
     QtBrowserItem *indexToBrowserItem(const QModelIndex &index) const;
     QtProperty *indexToProperty(const QModelIndex &index) const;
+    // kept on purpose: not called by the tree itself, offered beside indentation() of the
+    // delegate for code that places things by column.
     bool lastColumn(int column) const;
     bool markPropertiesWithoutValue() const { return mMarkPropertiesWithoutValue; }
     bool allowUpdateGeometry() const;
+    int multiLineRows() const { return mMultiLineRows; }
+    bool isMultiLineRow(QTreeWidgetItem *item) const { return mMultiLineRows > 0 && mMultiLineItems.contains(item); }
+    bool isMultiLineRow(const QModelIndex &index) const
+    {
+        return mMultiLineRows > 0 && mMultiLineItems.contains(indexToItem(index));
+    }
     QColor calculatedBackgroundColor(QtBrowserItem *item) const;
     void disableItem(QTreeWidgetItem *item) const;
     void enableItem(QTreeWidgetItem *item) const;
@@ -46,7 +60,21 @@ public:
     void propertyInserted(QtBrowserItem *item, QtBrowserItem *afterItem);
     void propertyRemoved(QtBrowserItem *item);
     void propertyChanged(QtBrowserItem *item);
+    // Shows the row's property again: value, look, the open editor's height, enabled state.
     void updateItem(QTreeWidgetItem *item);
+    void showValue(QTreeWidgetItem *item, QtProperty *property);
+    static void setIcon(QTreeWidgetItem *item, int column, const QIcon &icon);
+    // An empty string with a placeholder shows in italics and greyed.
+    void showPlaceholderLook(QTreeWidgetItem *item, QtProperty *property);
+    void fitEditorHeight(QTreeWidgetItem *item);
+    void syncEnabled(QTreeWidgetItem *item, QtProperty *property);
+    // Refreshes every row without a value: their look follows the browser's settings.
+    void refreshHeadings();
+
+    void setExpanded(QTreeWidgetItem *item, bool expanded);
+    // Keeps a top-level row's expansion by name, for the rows that replace it and saveState.
+    void rememberExpansion(QtBrowserItem *item, bool expanded);
+    bool isExpanded(QTreeWidgetItem *item) const;
 
     TreePropertyBrowser *mBrowser;
     QMap<QtBrowserItem *, QTreeWidgetItem *> mIndexToItem;
@@ -67,97 +95,13 @@ public:
     QSet<QTreeWidgetItem *> mExpandWhenFilled;
     // Rows of multi-line texts, whose height follows the width of the value column.
     int mMultiLineRows = 0;
-    void setExpanded(QTreeWidgetItem *item, bool expanded);
-    bool isExpanded(QTreeWidgetItem *item) const;
+    QSet<QTreeWidgetItem *> mMultiLineItems;
 
 public slots:
     void slotCollapsed(const QModelIndex &index);
     void slotExpanded(const QModelIndex &index);
     void slotCurrentBrowserItemChanged(QtBrowserItem *item);
     void slotCurrentTreeItemChanged(QTreeWidgetItem *current, QTreeWidgetItem *previous);
-};
-
-class TreePropertyEditorDelegate : public QItemDelegate
-{
-    Q_OBJECT
-public:
-    explicit TreePropertyEditorDelegate(QObject *parent = nullptr);
-
-    void setEditorPrivate(TreePropertyBrowserPrivate *editorPrivate) { mEditorPrivate = editorPrivate; }
-    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
-        const QModelIndex &index) const override;
-    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-        const QModelIndex &index) const override;
-    void paint(QPainter *painter, const QStyleOptionViewItem &option,
-        const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    // The editors talk to their properties themselves; the tree's items hold no data to
-    // exchange with them.
-    void setModelData(QWidget *, QAbstractItemModel *, const QModelIndex &) const override { }
-    void setEditorData(QWidget *, const QModelIndex &) const override { }
-    bool eventFilter(QObject *object, QEvent *event) override;
-
-    void closeEditor(QtProperty *property);
-    // The row is going: its address no longer names the edited row.
-    void forgetItem(QTreeWidgetItem *item);
-    QTreeWidgetItem *editedItem() const { return mEditedItem; }
-    QWidget *editedWidget() const { return mEditedWidget; }
-    int indentation(const QModelIndex &index) const;
-
-protected:
-    void drawDecoration(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-        const QPixmap &pixmap) const override;
-    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
-        const QString &text) const override;
-
-private slots:
-    void slotEditorDestroyed(QObject *object);
-
-private:
-    mutable QMap<QWidget *, QtProperty *> mEditorToProperty;
-    mutable QMap<QtProperty *, QWidget *> mPropertyToEditor;
-    TreePropertyBrowserPrivate *mEditorPrivate = nullptr;
-    mutable QTreeWidgetItem *mEditedItem = nullptr;
-    mutable QWidget *mEditedWidget = nullptr;
-    mutable bool mDisablePainting = false;
-    // The row being painted, for drawDecoration.
-    mutable QtProperty *mPaintedProperty = nullptr;
-    // Sizes of single-line cells by text, icon and font, for the font and icon size below.
-    mutable QHash<QString, QSize> mSizes;
-    mutable QFont mSizeFont;
-    mutable QSize mSizeDecoration;
-};
-
-class TreePropertyEditorView : public QTreeWidget
-{
-    Q_OBJECT
-public:
-    explicit TreePropertyEditorView(QWidget *parent = nullptr);
-
-    void setEditorPrivate(TreePropertyBrowserPrivate *editorPrivate) { mEditorPrivate = editorPrivate; }
-    QTreeWidgetItem *indexToItem(const QModelIndex &index) const { return itemFromIndex(index); }
-    void forceUpdateGeometries() { updateGeometries(); }
-
-protected slots:
-    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
-
-protected:
-    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
-        const QModelIndex &index) const override;
-    void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    bool event(QEvent *event) override;
-    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void updateGeometries() override;
-
-private:
-    TreePropertyBrowserPrivate *mEditorPrivate = nullptr;
-    // The branch arrows, closed and open, for the colour and resolution they were made for.
-    mutable QImage mArrows[2];
-    mutable QColor mArrowColour;
-    mutable double mArrowRatio = 0;
 };
 
 } // namespace TavoLib

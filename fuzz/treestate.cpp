@@ -1,6 +1,8 @@
-// Feeds arbitrary bytes to a tree browser's restoreState, with rows shown whose names the
-// bytes may name. What must hold: no crash, no allocation beyond what the bytes back, a
-// browser that still shows its rows, and a saved state that restores to itself.
+// Feeds arbitrary bytes to the reader of a tree browser's saved state, then to a browser's
+// restoreState, with rows shown whose names the bytes may name. What must hold: no crash, no
+// allocation beyond what the bytes back, a state read that writes back to bytes reading the
+// same, a browser that still shows its rows, and a saved state that restores to itself.
+#include "browser/TreeExpansionState_p.h"
 #include "browser/TreePropertyBrowser.h"
 #include "browser/ViewEditorFactory.h"
 #include "browser/ViewPropertyManager.h"
@@ -50,6 +52,12 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
+    QMap<QString, bool> states;
+    if (TreeExpansionState::read(bytes, &states)) {
+        QMap<QString, bool> again;
+        if (!TreeExpansionState::read(TreeExpansionState::write(states), &again) || again != states)
+            std::abort();
+    }
     gBrowser->restoreState(bytes);
     if (gBrowser->topLevelItems().size() != 3)
         std::abort();

@@ -10,6 +10,7 @@
 #include "propertybrowser/QtBrowserItem.h"
 #include "propertybrowser/QtProperty.h"
 #include "sample/SampleDocument.h"
+#include "sample/SamplePalette.h"
 #include "sample/SampleSchema.h"
 
 #include <QHBoxLayout>
@@ -21,78 +22,7 @@ using namespace TavoLib;
 
 namespace {
 
-const AttributeKey kFill(QStringLiteral("Fill"));
 const AttributeKey kLine(QStringLiteral("Line"));
-const AttributeKey kCharacter(QStringLiteral("Character"));
-const AttributeKey kParagraph(QStringLiteral("Paragraph"));
-
-// The attributes the selected objects share: per key, the first object's attribute with
-// every value the others do not share made undefined. A key some object lacks is left out.
-AttributeMap merged(const std::vector<Sample::SampleObject::Ptr> &objects)
-{
-    AttributeMap result;
-    if (objects.empty())
-        return result;
-    for (const auto &entry : objects.front()->attributes()) {
-        PropertyDictionary values;
-        entry.second->fillProperties(values);
-        bool everywhere = true;
-        for (size_t i = 1; i < objects.size() && everywhere; ++i) {
-            const auto other = objects[i]->attributes().find(entry.first);
-            if (other == objects[i]->attributes().end()) {
-                everywhere = false;
-                break;
-            }
-            PropertyDictionary theirs;
-            other->second->fillProperties(theirs);
-            for (const Property::Ptr &value : values)
-                value->intersect(theirs.property(value->uniqueName()));
-        }
-        if (!everywhere)
-            continue;
-        TAutoPtr<Attribute> attribute(entry.second->clone());
-        attribute->applyProperties(values);
-        result.insert(attribute);
-    }
-    return result;
-}
-
-class SamplePalette : public AttributesTreeWidget
-{
-public:
-    explicit SamplePalette(std::function<std::vector<Sample::SampleObject::Ptr>()> selection)
-        : AttributesTreeWidget(nullptr, TAutoPtr<Translator>(new Translator))
-        , mSelection(std::move(selection))
-    {
-        // Tabs once, here; the attributes in createAttributes, which runs again after a clear.
-        addTab(tr("Frame"));
-        addTab(tr("Text"));
-    }
-
-    void selectionChanged() override { setAttributes(merged(mSelection())); }
-
-protected:
-    void createAttributes() override
-    {
-        createAttributeGroup(QStringLiteral("appearance"), tr("Appearance"), { kFill, kLine }, 0);
-        createAttribute(kCharacter, 1);
-        createAttribute(kParagraph, 1);
-    }
-
-    void attributeChanged(TAutoPtr<const Attribute> attribute) override
-    {
-        // Only the values the user set: the undefined ones keep each object's own.
-        PropertyDictionary edited;
-        attribute->fillProperties(edited);
-        for (const Sample::SampleObject::Ptr &object : mSelection())
-            if (!object->takeSetValues(*attribute, edited))
-                object->setAttribute(attribute);
-        selectionChanged();
-    }
-
-private:
-    std::function<std::vector<Sample::SampleObject::Ptr>()> mSelection;
-};
 
 class AttributesPalettePage : public QWidget
 {
@@ -132,7 +62,7 @@ public:
         left->addWidget(hint);
         layout->addLayout(left);
 
-        mPalette = new SamplePalette([this] { return selected(); });
+        mPalette = new Sample::SamplePalette([this] { return selected(); });
         mPalette->setEnvironment(mEnvironment);
         layout->addWidget(mPalette, 1);
         connect(mObjects, &QListWidget::itemSelectionChanged, mPalette, [this] { mPalette->selectionChanged(); });
@@ -177,7 +107,7 @@ private:
     TAutoPtr<Environment> mEnvironment;
     Sample::SampleDocument::Ptr mDocument;
     QListWidget *mObjects = nullptr;
-    SamplePalette *mPalette = nullptr;
+    Sample::SamplePalette *mPalette = nullptr;
 };
 
 QWidget *makeAttributesPalettePage()

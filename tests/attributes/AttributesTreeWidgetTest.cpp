@@ -30,14 +30,18 @@ namespace {
 const AttributeKey kFill("Fill");
 const AttributeKey kLine("Line");
 const AttributeKey kCharacter("Character");
+const AttributeKey kParagraph("Paragraph");
 
 class Palette : public AttributesTreeWidget
 {
 public:
-    Palette() : AttributesTreeWidget(nullptr, TAutoPtr<Translator>(new Translator))
+    explicit Palette(bool withEnvironment = true)
+        : AttributesTreeWidget(nullptr, TAutoPtr<Translator>(new Translator))
     {
         addTab("Frame");
         addTab("Text");
+        if (!withEnvironment)
+            return;
         TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
         Sample::SampleSchema::registerDefaultAttributes(*env);
         setEnvironment(env);
@@ -56,6 +60,7 @@ protected:
         ++declared;
         createAttributeGroup("appearance", "Appearance", { kFill, kLine }, 0);
         createAttribute(kCharacter, 1);
+        createAttribute(kParagraph, 1);
     }
     void attributeChanged(TAutoPtr<const Attribute> attribute) override
     {
@@ -180,6 +185,64 @@ private slots:
         again.setAttributes(AttributeMap());
         auto *browser = qobject_cast<TreePropertyBrowser *>(again.widget(0));
         QVERIFY(browser && !browser->isExpanded(browser->topLevelItems().value(0)));
+    }
+
+    // One click on a switchable group is one edit, heard once after the rows are whole,
+    // however many of its children change their enabled state.
+    void oneHookCallPerEdit()
+    {
+        Palette palette;
+        AttributeMap selection;
+        selection.insert(TAutoPtr<const Attribute>(Sample::SampleAttribute::create(kParagraph)));
+        palette.setAttributes(selection);
+        palette.setCurrentIndex(1);
+        palette.show();
+        QApplication::setActiveWindow(&palette);
+        QTreeWidget *text = treeOf(palette, 1);
+        clickValue(text, "Hyphenation");
+        QApplication::processEvents();
+        QTRY_COMPARE(palette.changes.size(), 1);
+        QTest::qWait(20);
+        QCOMPARE(palette.changes.size(), 1);
+        QVERIFY(!rowOf(text, "Shortest word")->flags().testFlag(Qt::ItemIsEnabled));
+    }
+
+    // Without an environment no row is declared, and selections declare the headings once.
+    void declaredOnceWithoutEnvironment()
+    {
+        Palette palette(false);
+        for (int i = 0; i < 3; ++i)
+            palette.setAttributes(AttributeMap());
+        QCOMPARE(palette.declared, 1);
+        QCOMPARE(treeOf(palette, 0)->findItems("Appearance", Qt::MatchExactly).size(), 1);
+    }
+
+    // A top-level row collapsed by the user stays collapsed when selections rebuild it.
+    void collapsedRowsStayCollapsed()
+    {
+        Palette palette;
+        AttributeMap selection;
+        selection.insert(TAutoPtr<const Attribute>(Sample::SampleAttribute::create(kParagraph)));
+        palette.setAttributes(selection);
+        palette.setCurrentIndex(1);
+        palette.show();
+        QApplication::setActiveWindow(&palette);
+        QTreeWidget *text = treeOf(palette, 1);
+        QVERIFY(rowOf(text, "Hyphenation")->isExpanded());
+        text->setFocus();
+        text->setCurrentItem(rowOf(text, "Hyphenation"), 0);
+        QTest::keyClick(text, Qt::Key_Left);
+        QVERIFY(!rowOf(text, "Hyphenation")->isExpanded());
+        palette.setAttributes(AttributeMap());
+        palette.setAttributes(selection);
+        QVERIFY(rowOf(text, "Hyphenation"));
+        QVERIFY(!rowOf(text, "Hyphenation")->isExpanded());
+        auto *browser = qobject_cast<TreePropertyBrowser *>(palette.widget(1));
+        QtBrowserItem *item = nullptr;
+        for (QtBrowserItem *top : browser->topLevelItems())
+            if (top->property()->propertyName() == QLatin1String("Hyphenation"))
+                item = top;
+        QVERIFY(item && !browser->isExpanded(item));
     }
 
     // The selection changes while the user is typing into a row that goes and a row that

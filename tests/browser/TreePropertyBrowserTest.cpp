@@ -14,14 +14,19 @@
 #include "core/StringProperty.h"
 #include "propertybrowser/QtBrowserItem.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDataStream>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPointer>
+#include <QProxyStyle>
+#include <QScrollBar>
 #include <QSpinBox>
+#include <QVBoxLayout>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeWidget>
 
 using namespace TavoLib;
@@ -85,6 +90,133 @@ struct Tree
             return nullptr;
         };
         return find(browser->topLevelItems());
+    }
+};
+
+// A window of a line edit, a browser and another line edit. The browser shows strings
+// "One", "Two", "Three", an integer "Count", a group "Box" (Shown, Size), a heading and two
+// multi-line strings "Notes" (six lines) and "Memo" (one line).
+struct Form
+{
+    QWidget window;
+    QLineEdit *before = new QLineEdit(&window);
+    TreePropertyBrowser *browser = new TreePropertyBrowser(&window);
+    QLineEdit *after = new QLineEdit(&window);
+    ViewPropertyManager *manager = new ViewPropertyManager(browser);
+    ViewEditorFactory factory;
+    StringProperty::Ptr one{ new StringProperty("one", "One", "1") };
+    IntegerProperty::Ptr count{ new IntegerProperty("count", "Count", 3, 0, 99) };
+    BoolProperty::Ptr shown{ new BoolProperty("shown", "Shown", false) };
+    StringProperty::Ptr notes{ new StringProperty("notes", "Notes", "a\nb\nc\nd\ne\nf") };
+    QList<QString> warnings;
+    QtMessageHandler previous = nullptr;
+    static Form *current;
+
+    Form()
+    {
+        browser->addFactory(manager, &factory);
+        factory.addPropertyManager(manager);
+        notes->setMultiLine(true);
+        StringProperty::Ptr memo(new StringProperty("memo", "Memo", "short"));
+        memo->setMultiLine(true);
+        PropertyDictionary box;
+        box.insertProperty(shown);
+        box.insertProperty(new IntegerProperty("size", "Size", 5, 0, 99));
+        PropertyDictionary rows;
+        rows.insertProperty(one);
+        rows.insertProperty(new StringProperty("two", "Two", "2"));
+        rows.insertProperty(new StringProperty("three", "Three", "3"));
+        rows.insertProperty(count);
+        rows.insertProperty(new GroupProperty("box", "Box", box));
+        rows.insertProperty(notes);
+        rows.insertProperty(memo);
+        manager->addProperties(rows, new Sample::EmptyObject);
+        auto *heading = manager->addProperty(new Property("head", "Heading"), TAutoPtr<const PropertyableObject>());
+        browser->addProperty(heading);
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(before);
+        layout->addWidget(browser);
+        layout->addWidget(after);
+        window.resize(400, 600);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        current = this;
+        previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            // The offscreen platform's own complaints are not the library's.
+            if (type == QtWarningMsg && current && !text.startsWith(QLatin1String("This plugin does not support")))
+                current->warnings << text;
+            if (current && current->previous)
+                current->previous(type, context, text);
+        });
+    }
+    ~Form()
+    {
+        qInstallMessageHandler(previous);
+        current = nullptr;
+        delete browser;
+        delete manager;
+    }
+    QTreeWidget *tree() const { return browser->findChild<QTreeWidget *>(); }
+    QTreeWidgetItem *row(const QString &label) const
+    {
+        return tree()->findItems(label, Qt::MatchExactly | Qt::MatchRecursive, 0).value(0);
+    }
+    void clickValue(const QString &label) const
+    {
+        const QRect cell = tree()->visualItemRect(row(label));
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
+            QPoint(tree()->header()->sectionPosition(1) + 8, cell.center().y()));
+    }
+    // The open editor: closed ones are hidden until they go.
+    QWidget *editor() const
+    {
+        for (QWidget *w : tree()->findChildren<QWidget *>(QStringLiteral("editor")))
+            if (w->isVisible())
+                return w;
+        return nullptr;
+    }
+    // The row the open editor stands on, by its label.
+    QString editedRow() const
+    {
+        QWidget *open = editor();
+        if (!open)
+            return QString();
+        QTreeWidgetItem *item = tree()->itemAt(open->geometry().center());
+        return item ? item->text(0) : QString();
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QApplication::processEvents();
+    }
+    bool focusInTree() const { return tree()->isAncestorOf(QApplication::focusWidget()) || tree()->hasFocus(); }
+};
+
+Form *Form::current = nullptr;
+
+// Answers false to the movement hint, as some platforms' styles do.
+class NoMovementStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+        QStyleHintReturn *returned) const override
+    {
+        if (hint == SH_ItemView_MovementWithoutUpdatingSelection)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+// Counts the mouse presses that reach a widget.
+struct PressCounter : QObject
+{
+    int presses = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress)
+            ++presses;
+        return false;
     }
 };
 
@@ -209,6 +341,217 @@ private slots:
         QVERIFY(row->isExpanded());
         QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, QPoint(8, y));
         QVERIFY(!row->isExpanded());
+    }
+
+    // Every key that moves the current row, in an editor or in the tree, leaves the editor
+    // on the new row; nothing is written to the log.
+    void keysMoveTheEditorAlong()
+    {
+        Form f;
+        f.clickValue("One");
+        QTRY_COMPARE(f.editedRow(), QStringLiteral("One"));
+        f.key(Qt::Key_Down);
+        QCOMPARE(f.editedRow(), QStringLiteral("Two"));
+        QVERIFY(f.editor()->isAncestorOf(QApplication::focusWidget()) || f.editor()->hasFocus());
+        f.key(Qt::Key_Down);
+        QCOMPARE(f.editedRow(), QStringLiteral("Three"));
+        f.key(Qt::Key_Up);
+        QCOMPARE(f.editedRow(), QStringLiteral("Two"));
+        f.key(Qt::Key_Tab);
+        QCOMPARE(f.editedRow(), QStringLiteral("Three"));
+        f.key(Qt::Key_Backtab);
+        QCOMPARE(f.editedRow(), QStringLiteral("Two"));
+        f.key(Qt::Key_PageUp);
+        QCOMPARE(f.editedRow(), QStringLiteral("One"));
+        // From the tree itself.
+        f.key(Qt::Key_Escape);
+        QVERIFY(f.tree()->hasFocus());
+        f.tree()->setCurrentItem(f.row("One"), 1);
+        f.key(Qt::Key_Down);
+        QCOMPARE(f.editedRow(), QStringLiteral("Two"));
+        QCOMPARE(f.warnings, QList<QString>());
+    }
+
+    void keysMoveUnderAStyleWithoutMovementHint()
+    {
+        Form f;
+        NoMovementStyle style;
+        f.tree()->setStyle(&style);
+        f.tree()->setFocus();
+        f.tree()->setCurrentItem(f.row("One"), 1);
+        f.key(Qt::Key_Down);
+        QCOMPARE(f.tree()->currentItem(), f.row("Two"));
+        QCOMPARE(f.editedRow(), QStringLiteral("Two"));
+        f.key(Qt::Key_Tab);
+        QCOMPARE(f.tree()->currentItem(), f.row("Three"));
+        QCOMPARE(f.editedRow(), QStringLiteral("Three"));
+        // Still nothing shown selected.
+        QVERIFY(f.tree()->selectedItems().isEmpty());
+        f.key(Qt::Key_Escape);
+        f.tree()->setStyle(nullptr);
+    }
+
+    // Escape closes the editor from its inner field, keeps the value and gives the focus to
+    // the tree; the focus going elsewhere closes it as well; Ctrl+Tab leaves the tree.
+    void escapeAndLeavingTheTree()
+    {
+        Form f;
+        f.clickValue("Count");
+        QTRY_VERIFY(f.editor());
+        QVERIFY(QApplication::focusWidget() != f.editor());
+        f.key(Qt::Key_Escape);
+        QVERIFY(!f.editor());
+        QVERIFY(f.tree()->hasFocus());
+        f.clickValue("One");
+        QTRY_VERIFY(f.editor());
+        QTest::keyClicks(QApplication::focusWidget(), "typed");
+        f.key(Qt::Key_Escape);
+        QVERIFY(!f.editor());
+        QCOMPARE(f.one->value(), QStringLiteral("1"));
+
+        f.clickValue("Count");
+        QTRY_VERIFY(f.editor());
+        QTest::mouseClick(f.after, Qt::LeftButton);
+        QApplication::processEvents();
+        QVERIFY(!f.editor());
+
+        f.tree()->setFocus();
+        f.key(Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), f.after);
+        f.tree()->setFocus();
+        f.key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget(), f.before);
+        // From an open editor too.
+        f.clickValue("Two");
+        QTRY_VERIFY(f.editor());
+        f.key(Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), f.after);
+        QVERIFY(!f.editor());
+        QCOMPARE(f.warnings, QList<QString>());
+    }
+
+    // The open multi-line editor keeps the height of its own row whatever row is refreshed;
+    // a text taller than the view can be scrolled to its end.
+    void multiLineEditorHeightAndLongTexts()
+    {
+        Form f;
+        f.clickValue("Notes");
+        QTRY_VERIFY(f.editor());
+        const int tall = f.tree()->visualItemRect(f.row("Notes")).height();
+        QVERIFY(tall > f.tree()->visualItemRect(f.row("Memo")).height());
+        f.window.resize(380, 620);
+        QApplication::processEvents();
+        QTRY_VERIFY(f.editor()->height() >= f.tree()->visualItemRect(f.row("Notes")).height() - 1);
+        f.key(Qt::Key_Escape);
+
+        QStringList lines;
+        for (int i = 0; i < 60; ++i)
+            lines << QStringLiteral("line %1").arg(i);
+        f.notes->setValue(lines.join('\n'));
+        f.manager->propertyValueChanged(f.browser->topLevelItems().at(5)->property());
+        QApplication::processEvents();
+        const int rowHeight = f.tree()->visualItemRect(f.row("Notes")).height();
+        QVERIFY(rowHeight > f.tree()->viewport()->height());
+        QVERIFY(f.tree()->verticalScrollBar()->maximum() >= rowHeight - f.tree()->viewport()->height());
+    }
+
+    // A click on a cell that opens no editor leaves the closing one alone.
+    void clickOnACellWithoutEditor()
+    {
+        Form f;
+        f.tree()->setFocus();
+        f.tree()->setCurrentItem(f.row("Shown"), 1);
+        f.key(Qt::Key_Space);
+        QTRY_VERIFY(f.editor());
+        PressCounter counter;
+        for (QWidget *w : f.editor()->findChildren<QWidget *>())
+            w->installEventFilter(&counter);
+        f.editor()->installEventFilter(&counter);
+        f.clickValue("Heading");
+        QApplication::processEvents();
+        QCOMPARE(counter.presses, 0);
+        QVERIFY(!f.shown->on());
+    }
+
+    // A row that lost its children stays expanded, also through a saved state; disabling a
+    // branch closes an editor inside it and gives the focus to the tree.
+    void expandedRowsLosingChildrenAndDisabledBranches()
+    {
+        Form f;
+        QtBrowserItem *box = f.browser->topLevelItems().at(4);
+        QVERIFY(f.browser->isExpanded(box));
+        const QList<QtProperty *> children = box->property()->subProperties();
+        for (QtProperty *child : children)
+            box->property()->removeSubProperty(child);
+        QVERIFY(f.browser->isExpanded(box));
+        f.browser->restoreState(f.browser->saveState());
+        box->property()->addSubProperty(children.first());
+        QVERIFY(f.row("Box")->isExpanded());
+        f.browser->setExpanded(box, false);
+        QVERIFY(!f.browser->isExpanded(box));
+        f.browser->setExpanded(box, true);
+        box->property()->addSubProperty(children.last());
+
+        f.clickValue("Size");
+        QTRY_VERIFY(f.editor());
+        box->property()->setEnabled(false);
+        QTRY_VERIFY(!f.editor());
+        QVERIFY(f.tree()->hasFocus());
+    }
+
+    // A value cut short shows whole as its tooltip; one that fits shows none.
+    void tooltipsOfCutCells()
+    {
+        Form f;
+        f.one->setValue(QString(200, QLatin1Char('w')));
+        f.manager->propertyValueChanged(f.browser->topLevelItems().at(0)->property());
+        QApplication::processEvents();
+        const QRect one = f.tree()->visualItemRect(f.row("One"));
+        const QPoint cell(f.tree()->header()->sectionPosition(1) + 20, one.center().y());
+        QHelpEvent help(QEvent::ToolTip, cell, f.tree()->viewport()->mapToGlobal(cell));
+        QApplication::sendEvent(f.tree()->viewport(), &help);
+        QTRY_COMPARE(QToolTip::text(), f.one->value());
+        const QPoint two(cell.x(), f.tree()->visualItemRect(f.row("Two")).center().y());
+        QHelpEvent none(QEvent::ToolTip, two, f.tree()->viewport()->mapToGlobal(two));
+        QApplication::sendEvent(f.tree()->viewport(), &none);
+        QTRY_VERIFY(QToolTip::text().isEmpty());
+    }
+
+    // A long name takes at most half the width: the value column stays in view, the name is
+    // cut and shows whole as its tooltip.
+    void longNamesInANarrowTree()
+    {
+        Form f;
+        const QString longName = QStringLiteral("A very long translated name of a property, longer than the tree");
+        f.browser->topLevelItems().at(1)->property()->setPropertyName(longName);
+        f.window.resize(300, 600);
+        QApplication::processEvents();
+        QHeaderView *header = f.tree()->header();
+        const int width = f.tree()->viewport()->width();
+        QVERIFY(header->sectionSize(0) <= width / 2 + 1);
+        QVERIFY(header->sectionSize(0) + header->sectionSize(1) <= width + 1);
+        QVERIFY(header->sectionSize(1) >= width / 2 - 1);
+        const QPoint name(20, f.tree()->visualItemRect(f.row(longName)).center().y());
+        QHelpEvent help(QEvent::ToolTip, name, f.tree()->viewport()->mapToGlobal(name));
+        QApplication::sendEvent(f.tree()->viewport(), &help);
+        QTRY_COMPARE(QToolTip::text(), longName);
+        // With short names again the value column still fills the rest.
+        f.browser->topLevelItems().at(1)->property()->setPropertyName(QStringLiteral("Two"));
+        f.window.resize(320, 600);
+        QApplication::processEvents();
+        QVERIFY(header->sectionSize(0) < width / 2);
+        QVERIFY(header->sectionSize(0) + header->sectionSize(1) >= f.tree()->viewport()->width() - 1);
+    }
+
+    // Editors are named for assistive technology by their row.
+    void accessibleNames()
+    {
+        Form f;
+        f.clickValue("Count");
+        QTRY_VERIFY(f.editor());
+        QCOMPARE(f.editor()->accessibleName(), QStringLiteral("Count"));
+        QVERIFY(QApplication::focusWidget());
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Count"));
     }
 
     // The browser goes while an editor is open and has the focus; then the rows' manager.
