@@ -70,22 +70,33 @@ DialogPropertyBrowser::DialogPropertyBrowser(QWidget *parent) : QtAbstractProper
 
 DialogPropertyBrowser::~DialogPropertyBrowser() = default;
 
-int DialogPropertyBrowser::labelOffset(const QLabel *label)
+// The left margins of the widgets from `from` up to `to` (both included), or to the top.
+static int marginsUpTo(const QWidget *from, const QWidget *to)
 {
     int offset = 0;
-    for (const QWidget *w = label->parentWidget(); w && w->layout(); w = w->parentWidget()) {
+    for (const QWidget *w = from; w && w->layout(); w = w->parentWidget()) {
         // The widget's own margins count too: a group box keeps its frame there, and
         // without it the labels in a group would end a frame's width off the others.
         offset += w->layout()->contentsMargins().left() + w->contentsMargins().left();
-        if (!w->parentWidget())
+        if (w == to || !w->parentWidget())
             break;
     }
     return offset;
 }
 
-int DialogPropertyBrowser::labelWidth(const QLabel *label)
+int DialogPropertyBrowser::labelOffset(const QLabel *label)
 {
-    return label->minimumSizeHint().width() + labelOffset(label);
+    return marginsUpTo(label->parentWidget(), nullptr);
+}
+
+int DialogPropertyBrowser::innerOffset(const QLabel *label) const
+{
+    return marginsUpTo(label->parentWidget(), this);
+}
+
+int DialogPropertyBrowser::outerOffset() const
+{
+    return marginsUpTo(parentWidget(), nullptr);
 }
 
 int DialogPropertyBrowser::maxLabelWidth() const
@@ -93,16 +104,21 @@ int DialogPropertyBrowser::maxLabelWidth() const
     int width = 0;
     for (const auto &entry : mWidgetInfos)
         if (entry.second->mLabel)
-            width = qMax(width, labelWidth(entry.second->mLabel));
-    return width;
+            width = qMax(width, entry.second->mLabel->minimumSizeHint().width()
+                    + innerOffset(entry.second->mLabel));
+    return width > 0 ? width + outerOffset() : 0;
 }
 
 void DialogPropertyBrowser::setMaxLabelWidth(int width)
 {
-    mLabelWidth = width;
+    // Kept relative to this browser: the margins above it may change later (a group box put
+    // around the panel, a panel placed into a window), and rows added then still line up.
+    // decided: a width given from outside stands until a wider label comes or the widest
+    // row goes, when the browser's own maximum is taken again.
+    mLabelWidth = width - outerOffset();
     for (const auto &entry : mWidgetInfos)
         if (QLabel *label = entry.second->mLabel)
-            label->setFixedWidth(int(double(width) - double(labelOffset(label))));
+            label->setFixedWidth(mLabelWidth - innerOffset(label));
 }
 
 void DialogPropertyBrowser::updateSizes()
@@ -114,11 +130,11 @@ void DialogPropertyBrowser::updateSizes()
 // move, so inserting n rows does not visit all rows n times.
 void DialogPropertyBrowser::fitLabel(QLabel *label)
 {
-    const int width = labelWidth(label);
+    const int width = label->minimumSizeHint().width() + innerOffset(label);
     if (width > mLabelWidth)
-        setMaxLabelWidth(width);
+        setMaxLabelWidth(width + outerOffset());
     else
-        label->setFixedWidth(int(double(mLabelWidth) - double(labelOffset(label))));
+        label->setFixedWidth(mLabelWidth - innerOffset(label));
 }
 
 // kept on purpose: `afterItem` is not used; a row is appended to its grid, so the
@@ -288,7 +304,8 @@ void DialogPropertyBrowser::itemRemoved(QtBrowserItem *item)
     if (found == mWidgetInfos.end())
         return;
     const TAutoPtr<WidgetInfo> info = found->second;
-    const bool widest = info->mLabel && labelWidth(info->mLabel) >= mLabelWidth;
+    const bool widest = info->mLabel
+        && info->mLabel->minimumSizeHint().width() + innerOffset(info->mLabel) >= mLabelWidth;
     // The entry goes first and its pointers are taken: hiding a focused editor commits it,
     // and whatever that sets off may come back here for the same row.
     mWidgetInfos.erase(found);

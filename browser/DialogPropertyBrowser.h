@@ -60,14 +60,16 @@ private:
     void promote(WidgetInfo &parent);
     void demote(WidgetInfo &parent);
     static int labelOffset(const QLabel *label);
-    static int labelWidth(const QLabel *label);
+    int innerOffset(const QLabel *label) const;
+    int outerOffset() const;
     void fitLabel(QLabel *label);
     void scheduleTabOrder();
     void updateTabOrder();
     QList<QWidget *> tabStops() const;
 
     std::map<QtBrowserItem *, TAutoPtr<WidgetInfo>> mWidgetInfos;
-    // The width all labels are fitted to now; -1 before the first row.
+    // The width all labels are fitted to now, from this browser's left edge; -1 before the
+    // first row.
     int mLabelWidth = -1;
     int mInsertedSinceTrim = 0;
     bool mTabOrderPending = false;

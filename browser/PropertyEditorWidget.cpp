@@ -67,6 +67,8 @@ void PropertyEditorWidget::setEnvironment(TAutoPtr<Environment> environment)
     mEnvironment = environment;
     if (!environment)
         return;
+    // kept on purpose: the environment's stylesheets too, so that stylesheet rows have their list;
+    // it replaces a manager set through propertyWidget() before.
     mPropertyWidget->setStylesheetManager(environment->stylesheetManager());
     mPropertyWidget->setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
     mPropertyWidget->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));

@@ -5,6 +5,7 @@
 #include "TestEnvironment.h"
 #include "TestRegistry.h"
 #include "browser/PropertyEditorWidget.h"
+#include "browser/PropertyWidget.h"
 #include "browser/ViewPropertyManager.h"
 #include "core/ActivatableGroupProperty.h"
 #include "core/ExtendedSelectorProperty.h"
@@ -220,6 +221,30 @@ private slots:
             lastY = y;
         }
         QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(ok));
+    }
+
+    void rowsAddedLaterLineUpAfterTheFrameChanged()
+    {
+        // A group box put around the loaded rows: rows a choice adds afterwards still end
+        // at the common edge.
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        SampleObject::Ptr picture = SampleObject::create("PictureBox", "picture");
+        PropertyWidget panel(nullptr, "Picture");
+        panel.setBrushProvider(TAutoPtr<const BrushProviderQt>(env->brushProvider()));
+        panel.setItems({ new PropertyWidgetItem(TAutoPtr<const PropertyableObject>(picture)) });
+        panel.setWithGroupBox(true);
+        panel.show();
+        auto *effect = partOf<QComboBox>(editorFor(&panel, "Effect"));
+        effect->setCurrentIndex(effect->findText("Outer glow"));
+        QCoreApplication::processEvents();
+        auto rightEdge = [&](const QString &name) {
+            for (QLabel *label : panel.findChildren<QLabel *>())
+                if (label->text() == name + QLatin1Char(':') && label->isVisible())
+                    return label->mapTo(&panel, QPoint(label->width(), 0)).x();
+            return -1;
+        };
+        QVERIFY(rightEdge("Radius") > 0);
+        QCOMPARE(rightEdge("Radius"), rightEdge("Effect"));
     }
 
     void undefinedRowKeepsOneSetOfChildren()
