@@ -35,6 +35,10 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include <chrono>
+#include <cstdio>
+#include <map>
+
 using namespace TavoLib;
 
 namespace {
@@ -287,10 +291,154 @@ void BM_PlainFormTeardown3000(benchmark::State &state)
 
 } // namespace
 
+// Figures of the same run for the closing table: load+show and taking new values, ours and
+// the floor's, per size (the best of the repetitions).
+struct Phases
+{
+    double load = 0;
+    double change = 0;
+};
+std::map<std::pair<int, bool>, Phases> &panelPhases()
+{
+    static std::map<std::pair<int, bool>, Phases> phases;
+    return phases;
+}
+std::map<int, Phases> &floorPhases()
+{
+    static std::map<int, Phases> phases;
+    return phases;
+}
+
+double millisecondsSince(const std::chrono::steady_clock::time_point &start)
+{
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+void keepBest(double &slot, double value)
+{
+    if (slot == 0 || value < slot)
+        slot = value;
+}
+
+// Load and show, then every value taken anew through changeValues; the second is timed.
+void BM_PanelChangeValues(benchmark::State &state)
+{
+    const int n = int(state.range(0));
+    const bool grouped = state.range(1) == 1;
+    const PropertyDictionary first = values(n, grouped, 0);
+    const PropertyDictionary second = values(n, grouped, 1);
+    Phases &best = panelPhases()[{ n, grouped }];
+    for (auto _ : state) {
+        TAutoPtr<BenchObject> object(new BenchObject(first));
+        auto start = std::chrono::steady_clock::now();
+        auto *panel = new PropertyEditorWidget(true, true, false);
+        panel->loadValues(TAutoPtr<const PropertyableObject>(object), environment());
+        panel->show();
+        settle();
+        keepBest(best.load, millisecondsSince(start));
+        // The loaded object changes outside the panel, which takes all its new values.
+        object->mValues = second.cloneProperties();
+        start = std::chrono::steady_clock::now();
+        panel->changeValues(TAutoPtr<PropertyableObject>(object));
+        const double change = millisecondsSince(start);
+        keepBest(best.change, change);
+        state.SetIterationTime(change / 1000.0);
+        delete panel;
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    state.counters["props"] = n;
+    state.counters["grouped"] = grouped;
+}
+
+// Gives a plain editor another value, as a host setting every field by hand would.
+void setOtherValue(QWidget *editor, int i)
+{
+    if (auto *spin = qobject_cast<QSpinBox *>(editor))
+        spin->setValue(spin->value() + 1);
+    else if (auto *box = qobject_cast<QCheckBox *>(editor))
+        box->setChecked(!box->isChecked());
+    else if (auto *number = qobject_cast<QDoubleSpinBox *>(editor))
+        number->setValue(number->value() + 1.5);
+    else if (auto *combo = qobject_cast<QComboBox *>(editor))
+        combo->setCurrentIndex(combo->count() > 0 ? (combo->currentIndex() + 1) % combo->count() : -1);
+    else if (auto *line = qobject_cast<QLineEdit *>(editor))
+        line->setText(QStringLiteral("Value %1").arg(i));
+    else if (auto *button = qobject_cast<QToolButton *>(editor))
+        button->setIcon(swatch(i + 1));
+    else
+        for (QWidget *part : editor->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+            setOtherValue(part, i);
+}
+
+// The floor of taking new values: the plain form of BM_PlainForm, every field set anew.
+void BM_PlainFormSetValues(benchmark::State &state)
+{
+    const int n = int(state.range(0));
+    const std::vector<Property::Ptr> leaves = pool();
+    Phases &best = floorPhases()[n];
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        auto *form = new QWidget;
+        auto *layout = new QFormLayout(form);
+        std::vector<QWidget *> editors;
+        editors.reserve(size_t(n));
+        for (int i = 0; i < n; ++i) {
+            const Property::Ptr &p = leaves[size_t(i) % leaves.size()];
+            editors.push_back(plainEditor(p));
+            layout->addRow(new QLabel(p->visibleName() + QLatin1Char(':')), editors.back());
+        }
+        form->show();
+        settle();
+        keepBest(best.load, millisecondsSince(start));
+        start = std::chrono::steady_clock::now();
+        for (int i = 0; i < n; ++i)
+            setOtherValue(editors[size_t(i)], i);
+        const double change = millisecondsSince(start);
+        keepBest(best.change, change);
+        state.SetIterationTime(change / 1000.0);
+        delete form;
+    }
+    state.counters["props"] = n;
+}
+
+void printChangeTable()
+{
+    if (panelPhases().empty())
+        return;
+    std::printf("\n%-7s %-8s %12s %12s %7s %12s %12s %7s\n", "rows", "layout", "load+show",
+        "floor", "ratio", "changeValues", "floor set", "ratio");
+    for (const auto &entry : panelPhases()) {
+        const int n = entry.first.first;
+        const Phases &ours = entry.second;
+        const Phases floor = floorPhases()[n];
+        auto ratio = [](double a, double b) { return b > 0 ? a / b : 0.0; };
+        std::printf("%-7d %-8s %9.1f ms %9.1f ms %6.2fx %9.1f ms %9.1f ms %6.2fx\n", n,
+            entry.first.second ? "grouped" : "flat", ours.load, floor.load,
+            ratio(ours.load, floor.load), ours.change, floor.change,
+            ratio(ours.change, floor.change));
+    }
+    // Growth of taking new values: linear means about 10x from 100 to 1,000 rows and 3x from
+    // 1,000 to 3,000.
+    const auto &p = panelPhases();
+    auto at = [&](int n) {
+        auto found = p.find({ n, false });
+        return found == p.end() ? 0.0 : found->second.change;
+    };
+    if (at(100) > 0 && at(1000) > 0 && at(3000) > 0)
+        std::printf("changeValues growth (flat): 100->1,000 %.1fx, 1,000->3,000 %.1fx\n",
+            at(1000) / at(100), at(3000) / at(1000));
+}
+
+BENCHMARK(BM_PanelChangeValues)->Args({ 100, 0 })->Args({ 1000, 0 })->Args({ 3000, 0 })
+    ->Args({ 1000, 1 })->Args({ 3000, 1 })->UseManualTime()->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK(BM_PlainFormSetValues)->Arg(100)->Arg(1000)->Arg(3000)->UseManualTime()
+    ->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_Panel)->Args({ 10, 0 })->Args({ 100, 0 })->Args({ 1000, 0 })->Args({ 3000, 0 })
     ->Args({ 100, 1 })->Args({ 1000, 1 })->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PlainForm)->Arg(10)->Arg(100)->Arg(1000)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PanelTeardown3000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_PlainFormTeardown3000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-TAVO_WIDGET_BENCHMARK_MAIN()
+TAVO_WIDGET_BENCHMARK_MAIN_THEN(printChangeTable)
