@@ -6,6 +6,7 @@
 #include "TestRegistry.h"
 #include "attributes/AttributesDialog.h"
 #include "attributes/AttributesWidget.h"
+#include "attributes/StylesheetBasedWidgetGroupWidget.h"
 #include "core/ActivatableGroupProperty.h"
 #include "core/BrushProperty.h"
 #include "core/IntegerProperty.h"
@@ -25,6 +26,7 @@
 #include <QTest>
 #include <functional>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -299,6 +301,47 @@ private slots:
         }
     }
 
+    // A page widget or a panel the host deletes is forgotten: running, previewing, switching
+    // pages, accepting and destroying touch only what is alive.
+    void deletedPagesAreForgotten()
+    {
+        TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
+        Sample::SampleSchema::registerDefaultAttributes(*env);
+        for (AttributesDialog::Type type : { AttributesDialog::Tabs, AttributesDialog::PageTree }) {
+            const std::vector<SampleObject::Ptr> objects = threeFills();
+            Dialog dialog(type);
+            auto *fill = new SelectionPage(objects, { kFill }, env);
+            auto *line = new SelectionPage(objects, { kLine }, env);
+            dialog.addWidget(dialog.addTab("Fill"), fill);
+            dialog.addWidget(dialog.addTab("Line"), line);
+            delete fill;
+            QTimer::singleShot(0, this, [&] {
+                openPage(dialog, 0);
+                openPage(dialog, 1);
+                QTest::mouseClick(dialog.mPreview, Qt::LeftButton, {}, QPoint(5, dialog.mPreview->height() / 2));
+                typeWidth(line, "2pt");
+                QTest::mouseClick(dialog.buttonBox->button(QDialogButtonBox::Ok), Qt::LeftButton);
+            });
+            QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+            QCOMPARE(TAutoPtr<UnitValueProperty>(valueOf(objects[2], kLine, "width"))->value().value(), 2.0);
+        }
+
+        StylesheetBasedWidgetGroupWidget group(nullptr, "Group", false);
+        auto *first = new StylesheetBasedWidget(nullptr, "First");
+        auto *second = new StylesheetBasedWidget(nullptr, "Second");
+        first->setAttributeKeys({ kFill });
+        second->setAttributeKeys({ kLine });
+        group.addWidget(first);
+        group.addWidget(second);
+        delete first;
+        Stylesheet::Ptr sheet(new Stylesheet("Frame", "Box"));
+        group.loadValues(sheet, env);
+        group.synchronizeLabelSizes();
+        QCOMPARE(group.widgets().size(), 1);
+        QCOMPARE(group.attributeKeys(), QList<AttributeKey>({ kLine }));
+        group.saveValues();
+    }
+
     // Pages with active content are marked in the page tree, and the dialog opens on the
     // first; a failing check keeps the dialog open and writes nothing.
     void pageMarksAndFailingCheck()
@@ -356,6 +399,12 @@ private slots:
         noObjects.setEnvironment(env);
         noObjects.loadValues();
         QVERIFY(noObjects.items().front()->properties()->at(0)->isUndefined());
+
+        // Any other number than 1 or 2 gives one plain page (checked by the sanitizer build).
+        for (int number : { 4, -1 }) {
+            Dialog plain{ AttributesDialog::Type(number) };
+            QVERIFY(!plain.findChild<QTabWidget *>() && !plain.findChild<QTreeWidget *>());
+        }
 
         Dialog dialog(AttributesDialog::PageTree);
         dialog.addWidget(dialog.addTab("Note"), new QLabel("not a page of attributes"));
