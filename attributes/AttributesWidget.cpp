@@ -152,13 +152,8 @@ AttributesWidgetCommon::AttributesState AttributesWidget::attributesState()
 void AttributesWidget::setEnvironment(TAutoPtr<Environment> environment)
 {
     AttributesWidgetCommon::setEnvironment(environment);
-    if (environment) {
-        setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
-        setStylesheetManager(environment->stylesheetManager());
-        setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
-        setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
-        setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
-    }
+    if (environment)
+        setProviders(*environment);
     setTranslator(Translator::defaultTranslator());
 }
 

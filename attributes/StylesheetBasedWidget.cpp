@@ -115,13 +115,8 @@ StylesheetBasedWidget::~StylesheetBasedWidget() = default;
 
 void StylesheetBasedWidget::setEnvironment(TAutoPtr<Environment> environment)
 {
-    if (environment) {
-        setStylesheetManager(environment->stylesheetManager());
-        setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
-        setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
-        setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
-        setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
-    }
+    if (environment)
+        setProviders(*environment);
     setTranslator(Translator::defaultTranslator());
 }
 
