@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTranslator>
 #include <QLineEdit>
@@ -290,6 +291,13 @@ private slots:
         QCOMPARE(lineOf(shortest)->text(), QStringLiteral("3"));
         QVERIFY(!shortest->isEnabled() && !shortestSet->isChecked());
         QCOMPARE(hyphenation->checkState(), Qt::PartiallyChecked);
+        // Every row has its label, the list of tab stops too.
+        QStringList labels;
+        for (QLabel *label : panel->findChildren<QLabel *>())
+            if (label->isVisible())
+                labels << label->text();
+        for (const char *text : { "Alignment:", "Left indent:", "Tab stops:", "Hyphenation:", "Shortest word:" })
+            QVERIFY2(labels.contains(QLatin1String(text)), text);
 
         // A left indent alone sets the whole paragraph, the rest from the body.
         typeInto(indent, "4mm");
