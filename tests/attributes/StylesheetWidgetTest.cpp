@@ -299,13 +299,17 @@ private slots:
         for (const char *text : { "Alignment:", "Left indent:", "Tab stops:", "Hyphenation:", "Shortest word:" })
             QVERIFY2(labels.contains(QLatin1String(text)), text);
 
-        // A left indent alone sets the whole paragraph, the rest from the body.
+        // A left indent alone sets the whole paragraph, the rest from the body; the language
+        // changes between the load and the save.
         typeInto(indent, "4mm");
         QCOMPARE(edits.count(), 1);
         QCOMPARE(lineOf(shortest)->text(), QStringLiteral("3"));
         QCOMPARE(hyphenation->checkState(), Qt::Checked);
         QVERIFY(shortest->isEnabled() && shortestSet->isChecked());
+        OtherLanguage other;
+        QCoreApplication::installTranslator(&other);
         controller.saveValues();
+        QCoreApplication::removeTranslator(&other);
         QMap<QString, QString> expected = inherited;
         expected["leftIndent"] = QStringLiteral("4mm");
         QCOMPARE(valuesOf(heading->attributes(false), paragraph), expected);
@@ -352,6 +356,12 @@ private slots:
         frame.insertProperty(new IntegerProperty("corners", "Corners", 4, 0, 8));
         PropertyDictionary border;
         border.insertProperty(new GroupProperty("frame", "Frame", frame));
+        PropertyDictionary margins;
+        margins.insertProperty(new IntegerProperty("top", "Top", 1, 0, 9));
+        margins.insertProperty(new IntegerProperty("bottom", "Bottom", 2, 0, 9));
+        TAutoPtr<GroupProperty> margin(new GroupProperty("margin", "Margin", margins));
+        margin->setChildsUndefinable(true);
+        border.insertProperty(margin);
         TAutoPtr<Environment> env(new TavoTest::TestEnvironment);
         env->setDefaultAttribute(new Grouped(border));
         Stylesheet::Ptr sheet(new Stylesheet("Frame", "Box"));
@@ -374,8 +384,31 @@ private slots:
         QCoreApplication::installTranslator(&other);
         panel.saveValues();
         QCoreApplication::removeTranslator(&other);
-        QCOMPARE(valuesOf(sheet->attributes(false), key).value("width"), QStringLiteral("5mm"));
-        QCOMPARE(valuesOf(sheet->attributes(false), key).value("corners"), QStringLiteral("4"));
+        QMap<QString, QString> saved = valuesOf(sheet->attributes(false), key);
+        QCOMPARE(saved.value("width"), QStringLiteral("5mm"));
+        QCOMPARE(saved.value("corners"), QStringLiteral("4"));
+        QCOMPARE(saved.value("top"), QStringLiteral("1"));
+
+        // A group whose children are each undefinable: a child given a value sets the whole
+        // attribute, the group included.
+        StylesheetBasedWidget fresh(nullptr, "Border");
+        fresh.setAttributeKeys({ key });
+        Stylesheet::Ptr otherSheet(new Stylesheet("Frame", "Other"));
+        fresh.loadValues(otherSheet, env);
+        fresh.show();
+        auto *topSet = editorNamed<QCheckBox>(&fresh, "Top defined");
+        QVERIFY(topSet && !topSet->isChecked());
+        QTest::mouseClick(topSet, Qt::LeftButton, {}, QPoint(4, topSet->height() / 2));
+        QWidget *top = editorNamed(&fresh, "Top");
+        QVERIFY(top && top->isEnabled());
+        typeInto(top, "7");
+        const PropertyDictionary shown = *fresh.items().front()->properties();
+        QVERIFY(shown.property("margin")->isDefined() && shown.property("frame")->isDefined());
+        fresh.saveValues();
+        saved = valuesOf(otherSheet->attributes(false), key);
+        QCOMPARE(saved.value("top"), QStringLiteral("7"));
+        QCOMPARE(saved.value("bottom"), QStringLiteral("2"));
+        QCOMPARE(saved.value("width"), QStringLiteral("2mm"));
     }
 
     void propertyText()
