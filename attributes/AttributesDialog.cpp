@@ -1,6 +1,7 @@
 #include "attributes/AttributesDialog.h"
 
 #include "attributes/AttributesWidget.h"
+#include "browser/PropertyWidgetGroupWidget.h"
 
 #include <QPointer>
 #include <QSpacerItem>
@@ -49,8 +50,18 @@ AttributesDialog::AttributesDialog(
 AttributesDialog::~AttributesDialog()
 {
     // The pages' last signals must not reach a dialog that is going.
-    for (QWidget *widget : mWidgets)
+    for (QWidget *widget : widgets())
         widget->disconnect(this);
+}
+
+QList<QWidget *> AttributesDialog::widgets()
+{
+    // A widget the host deleted is forgotten here, so nothing reaches it later.
+    mWidgets.remove_if([](const QPointer<QWidget> &widget) { return widget.isNull(); });
+    QList<QWidget *> result;
+    for (const QPointer<QWidget> &widget : mWidgets)
+        result << widget.data();
+    return result;
 }
 
 QWidget *AttributesDialog::addTab(const QString &name)
@@ -115,34 +126,45 @@ int AttributesDialog::exec()
 
 void AttributesDialog::prepareToRun()
 {
+    // kept on purpose: the preview box keeps its state between runs, so a dialog reopened
+    // with it ticked previews nothing until the first edit.
     loadValues();
-    QList<QWidget *> parents;
-    for (QWidget *widget : mWidgets) {
-        if (parents.contains(widget->parentWidget()))
-            continue;
-        parents << widget->parentWidget();
-        synchronizeLabelSizes(widget);
-    }
-    if (mPageTree) {
-        const QMap<QTreeWidgetItem *, PageLabelMark> marks = pageLabelMarks();
-        markPageLabels(marks);
-        // The dialog opens on the first page with active content.
-        int index = mPageTree->topLevelItemCount();
-        for (auto it = marks.constBegin(); it != marks.constEnd(); ++it)
-            if (it.value() != NoMark)
-                index = qMin(index, mPageTree->indexOfTopLevelItem(it.key()));
-        if (index >= mPageTree->topLevelItemCount())
-            index = 0;
-        mPageTree->setCurrentItem(mPageTree->topLevelItem(index));
-    }
+    alignLabels();
+    if (mPageTree)
+        openOnFirstMarkedPage();
+    // kept on purpose: one entry for two panes; the tree gets 150 and the stack the rest.
     if (mSplitter)
         mSplitter->setSizes({ 150 });
     resize(minimumSizeHint());
 }
 
+void AttributesDialog::alignLabels()
+{
+    QList<QWidget *> parents;
+    for (QWidget *widget : widgets()) {
+        if (parents.contains(widget->parentWidget()))
+            continue;
+        parents << widget->parentWidget();
+        synchronizeLabelSizes(widget);
+    }
+}
+
+void AttributesDialog::openOnFirstMarkedPage()
+{
+    const QMap<QTreeWidgetItem *, PageLabelMark> marks = pageLabelMarks();
+    markPageLabels(marks);
+    int index = mPageTree->topLevelItemCount();
+    for (auto it = marks.constBegin(); it != marks.constEnd(); ++it)
+        if (it.value() != NoMark)
+            index = qMin(index, mPageTree->indexOfTopLevelItem(it.key()));
+    if (index >= mPageTree->topLevelItemCount())
+        index = 0;
+    mPageTree->setCurrentItem(mPageTree->topLevelItem(index));
+}
+
 void AttributesDialog::loadValues()
 {
-    for (QWidget *widget : mWidgets)
+    for (QWidget *widget : widgets())
         loadWidgetValues(widget);
 }
 
@@ -152,7 +174,7 @@ void AttributesDialog::loadWidgetValues(QWidget *)
 
 bool AttributesDialog::checkValues()
 {
-    for (QWidget *widget : mWidgets)
+    for (QWidget *widget : widgets())
         if (!checkWidgetValues(widget))
             return false;
     return true;
@@ -165,7 +187,7 @@ bool AttributesDialog::checkWidgetValues(QWidget *)
 
 void AttributesDialog::saveValues()
 {
-    for (QWidget *widget : mWidgets)
+    for (QWidget *widget : widgets())
         saveWidgetValues(widget);
 }
 
@@ -184,30 +206,39 @@ void AttributesDialog::accept()
 
 void AttributesDialog::reject()
 {
-    for (QWidget *widget : mWidgets)
+    restorePages();
+    QDialog::reject();
+}
+
+void AttributesDialog::savePages()
+{
+    for (QWidget *widget : widgets())
+        if (AttributesWidgetCommon *page = common(widget))
+            page->saveValues();
+}
+
+void AttributesDialog::restorePages()
+{
+    for (QWidget *widget : widgets())
         if (AttributesWidgetCommon *page = common(widget))
             page->restoreValues();
-    QDialog::reject();
 }
 
 void AttributesDialog::previewButtonClicked()
 {
-    for (QWidget *widget : mWidgets) {
-        if (AttributesWidgetCommon *page = common(widget)) {
-            if (mPreview->isChecked())
-                page->saveValues();
-            else
-                page->restoreValues();
-        }
-    }
+    // kept on purpose: the box acts whether or not the dialog was built with the preview, so
+    // after showPreviewOption(true) on such a dialog ticking it writes once and later edits
+    // are not previewed (anyPropertyChanged asks mPreviewEnabled).
+    if (mPreview->isChecked())
+        savePages();
+    else
+        restorePages();
 }
 
 void AttributesDialog::anyPropertyChanged()
 {
     if (mPreviewEnabled && mPreview->isChecked())
-        for (QWidget *widget : mWidgets)
-            if (AttributesWidgetCommon *page = common(widget))
-                page->saveValues();
+        savePages();
     if (auto *sender = qobject_cast<AttributesWidget *>(this->sender()))
         synchronizeLabelSizes(sender);
     markPageLabels(pageLabelMarks());
@@ -217,25 +248,22 @@ void AttributesDialog::synchronizeLabelSizes(QWidget *widget)
 {
     if (!widget)
         return;
-    QList<AttributesWidget *> siblings;
-    for (QWidget *other : mWidgets)
+    QList<PropertyWidget *> siblings;
+    for (QWidget *other : widgets())
         if (other->parentWidget() == widget->parentWidget())
             if (auto *page = qobject_cast<AttributesWidget *>(other))
                 siblings << page;
-    int width = 0;
-    for (AttributesWidget *page : qAsConst(siblings))
-        width = qMax(width, page->maxLabelWidth());
-    for (AttributesWidget *page : qAsConst(siblings))
-        page->setMaxLabelWidth(width);
+    synchronizeLabelWidths(siblings);
 }
 
-QMap<QTreeWidgetItem *, AttributesDialog::PageLabelMark> AttributesDialog::pageLabelMarks() const
+QMap<QTreeWidgetItem *, AttributesDialog::PageLabelMark> AttributesDialog::pageLabelMarks()
 {
     QMap<QTreeWidgetItem *, PageLabelMark> marks;
+    const QList<QWidget *> live = widgets();
     // Marks only where each page holds one widget.
-    if (!mPageTree || mPages.size() != int(mWidgets.size()))
+    if (!mPageTree || mPages.size() != live.size())
         return marks;
-    for (QWidget *widget : mWidgets) {
+    for (QWidget *widget : live) {
         AttributesWidgetCommon *page = common(widget);
         auto *pageWidget = widget->property("page").value<QWidget *>();
         QTreeWidgetItem *item = pageWidget ? mPageItems.value(pageWidget) : nullptr;
@@ -266,13 +294,8 @@ void AttributesDialog::currentPageChanged()
     const QList<QTreeWidgetItem *> selected = mPageTree ? mPageTree->selectedItems() : QList<QTreeWidgetItem *>();
     if (selected.isEmpty())
         return;
-    QWidget *page = mPages.value(selected.first()->data(0, Qt::UserRole).toString());
-    if (!page)
-        return;
-    if (mTabWidget)
-        mTabWidget->setCurrentWidget(page);
-    else if (mStackedWidget)
-        mStackedWidget->setCurrentWidget(page);
+    if (QWidget *page = mPages.value(selected.first()->data(0, Qt::UserRole).toString()))
+        setCurrentTab(page);
 }
 
 } // namespace TavoLib

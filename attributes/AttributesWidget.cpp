@@ -44,8 +44,20 @@ AttributesWidget::AttributesWidget(QWidget *parent, const QString &title)
 
 AttributesWidget::~AttributesWidget() = default;
 
+TAutoPtr<PropertyDictionary> AttributesWidget::addAttribute(TAutoPtr<const Attribute> attribute)
+{
+    mAttributes.insert(attribute);
+    TAutoPtr<PropertyDictionary> dictionary(new PropertyDictionary);
+    attribute->fillProperties(*dictionary);
+    mDictionaries[attribute] = dictionary;
+    mKeyToAttribute[attribute->key()] = attribute;
+    return dictionary;
+}
+
 void AttributesWidget::intersectAttributes(const AttributeMap &objectAttributes)
 {
+    // kept on purpose: only keys of the incoming map are touched, so an attribute a later
+    // object lacks stays as the earlier objects gave it (shown as if all had it).
     for (const auto &entry : objectAttributes) {
         const TAutoPtr<const Attribute> &attribute = entry.second;
         if (!attribute)
@@ -53,11 +65,7 @@ void AttributesWidget::intersectAttributes(const AttributeMap &objectAttributes)
         const auto shown = mAttributes.find(entry.first);
         if (shown == mAttributes.end()) {
             // The first object with this attribute gives its values.
-            mAttributes.insert(attribute);
-            TAutoPtr<PropertyDictionary> dictionary(new PropertyDictionary);
-            attribute->fillProperties(*dictionary);
-            mDictionaries[attribute] = dictionary;
-            mKeyToAttribute[attribute->key()] = attribute;
+            addAttribute(attribute);
             continue;
         }
         const auto stored = mDictionaries.find(shown->second);
@@ -88,13 +96,10 @@ void AttributesWidget::createProperties()
             attribute = mEnvironment ? mEnvironment->defaultAttribute(key) : TAutoPtr<const Attribute>();
             if (!attribute)
                 continue;
-            mAttributes.insert(attribute);
-            TAutoPtr<PropertyDictionary> dictionary(new PropertyDictionary);
-            attribute->fillProperties(*dictionary);
+            const TAutoPtr<PropertyDictionary> dictionary = addAttribute(attribute);
             for (const Property::Ptr &property : *dictionary)
                 property->setUndefined(true);
-            entry = mDictionaries.emplace(attribute, dictionary).first;
-            mKeyToAttribute[attribute->key()] = attribute;
+            entry = mDictionaries.find(attribute);
         }
         allowUndefined(*entry->second);
         insertPropertyableObjectWithProperties(attribute, *entry->second, nullptr);
@@ -147,13 +152,8 @@ AttributesWidgetCommon::AttributesState AttributesWidget::attributesState()
 void AttributesWidget::setEnvironment(TAutoPtr<Environment> environment)
 {
     AttributesWidgetCommon::setEnvironment(environment);
-    if (environment) {
-        setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
-        setStylesheetManager(environment->stylesheetManager());
-        setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
-        setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
-        setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
-    }
+    if (environment)
+        setProviders(*environment);
     setTranslator(Translator::defaultTranslator());
 }
 

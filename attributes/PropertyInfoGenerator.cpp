@@ -11,6 +11,19 @@
 
 namespace TavoLib {
 
+namespace {
+
+// The name a provider of the environment gives an id, else the id as a number.
+template <typename Provider, typename Text>
+QString providerText(const Environment *environment, TAutoPtr<Provider> (Environment::*get)() const,
+    Text text, int id)
+{
+    const TAutoPtr<Provider> provider = environment ? (environment->*get)() : TAutoPtr<Provider>();
+    return provider ? text(*provider) : QString::number(id);
+}
+
+} // namespace
+
 PropertyInfoGenerator::PropertyInfoGenerator(
     TAutoPtr<const Environment> environment, TAutoPtr<const Translator> translator)
     : mEnvironment(environment), mTranslator(translator)
@@ -45,23 +58,18 @@ QString PropertyInfoGenerator::generateText(TAutoPtr<const Property> property, c
     };
     if (TAutoPtr<const BoolProperty> boolean{ property })
         return line(yesNo(boolean->on()));
-    if (TAutoPtr<const BrushProperty> brush{ property }) {
-        const TAutoPtr<BrushProvider> provider = mEnvironment ? mEnvironment->brushProvider() : TAutoPtr<BrushProvider>();
-        return line(provider ? provider->displayName(brush->brush()) : QString::number(brush->brush()));
-    }
-    if (TAutoPtr<const FontProperty> font{ property }) {
-        const TAutoPtr<FontProvider> provider = mEnvironment ? mEnvironment->fontProvider() : TAutoPtr<FontProvider>();
-        return line(provider ? provider->fontName(font->font()) : QString::number(font->font()));
-    }
-    if (TAutoPtr<const PenStyleProperty> pen{ property }) {
-        const TAutoPtr<PenStyleProvider> provider = mEnvironment ? mEnvironment->penStyleProvider() : TAutoPtr<PenStyleProvider>();
-        return line(provider ? provider->name(pen->penStyle()) : QString::number(pen->penStyle()));
-    }
-    if (TAutoPtr<const LineHeadStyleProperty> head{ property }) {
-        const TAutoPtr<LineHeadStyleProvider> provider
-            = mEnvironment ? mEnvironment->lineHeadStyleProvider() : TAutoPtr<LineHeadStyleProvider>();
-        return line(provider ? provider->name(head->style()) : QString::number(head->style()));
-    }
+    if (TAutoPtr<const BrushProperty> brush{ property })
+        return line(providerText(mEnvironment.get(), &Environment::brushProvider,
+            [&](BrushProvider &provider) { return provider.displayName(brush->brush()); }, brush->brush()));
+    if (TAutoPtr<const FontProperty> font{ property })
+        return line(providerText(mEnvironment.get(), &Environment::fontProvider,
+            [&](FontProvider &provider) { return provider.fontName(font->font()); }, font->font()));
+    if (TAutoPtr<const PenStyleProperty> pen{ property })
+        return line(providerText(mEnvironment.get(), &Environment::penStyleProvider,
+            [&](PenStyleProvider &provider) { return provider.name(pen->penStyle()); }, pen->penStyle()));
+    if (TAutoPtr<const LineHeadStyleProperty> head{ property })
+        return line(providerText(mEnvironment.get(), &Environment::lineHeadStyleProvider,
+            [&](LineHeadStyleProvider &provider) { return provider.name(head->style()); }, head->style()));
     if (TAutoPtr<const ExtendedSelectorProperty> selector{ property }) {
         const TAutoPtr<const Property> current = selector->current();
         // A selector without a current entry has nothing to tell.

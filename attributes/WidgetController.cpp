@@ -60,6 +60,7 @@ void StylesheetWidgetController::loadValues()
 
 bool StylesheetWidgetController::checkValues() const
 {
+    // kept on purpose: a single panel is not asked (its subclass may check), a group is.
     if (qobject_cast<StylesheetBasedWidget *>(widget()))
         return true;
     if (auto *group = qobject_cast<StylesheetBasedWidgetGroupWidget *>(widget()))

@@ -179,17 +179,14 @@ void DialogPropertyBrowser::itemInserted(QtBrowserItem *item, QtBrowserItem *)
             labelVisible = string->isLabelVisible();
             multiLine = string->multiLine();
         }
-    if (qobject_cast<ListPropertyWidget *>(editor)) {
-        info->mLabel->hide();
-        grid->addWidget(info->mLabel, r, 0);
-        grid->addWidget(editor, r, 0, 1, 2);
-    } else if (!labelVisible) {
+    if (!labelVisible) {
         info->mLabel->hide();
         if (editor) {
             grid->addWidget(info->mLabel, r, 0);
             grid->addWidget(editor, r, 0, 1, 2);
         }
-    } else if (multiLine) {
+    } else if (multiLine || qobject_cast<ListPropertyWidget *>(editor)) {
+        // A list or a text of several lines: its label above it, the editor the full width.
         grid->addWidget(info->mLabel, r, 0, 1, 2);
         if (editor)
             grid->addWidget(editor, r + 1, 0, 1, 2);

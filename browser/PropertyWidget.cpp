@@ -124,6 +124,15 @@ void PropertyWidget::setTranslator(TAutoPtr<const Translator> translator)
     mManager->setTranslator(translator);
 }
 
+void PropertyWidget::setProviders(const Environment &environment)
+{
+    setStylesheetManager(environment.stylesheetManager());
+    setBrushProvider(TAutoPtr<const BrushProviderQt>(environment.brushProvider()));
+    setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment.penStyleProvider()));
+    setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt>(environment.lineHeadStyleProvider()));
+    setFontProvider(TAutoPtr<const FontProviderQt>(environment.fontProvider()));
+}
+
 void PropertyWidget::clearProperties()
 {
     const QScopedValueRollback<int> loading(mLoading, mLoading + 1);

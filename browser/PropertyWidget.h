@@ -7,6 +7,7 @@
 #include "browser/DialogPropertyBrowser.h"
 #include "browser/PropertyWidgetItem.h"
 #include "browser/ViewEditorFactory.h"
+#include "core/Environment.h"
 #include "core/GroupProperty.h"
 
 #include <QHash>
@@ -55,6 +56,9 @@ public:
     void setLineHeadStyleProvider(TAutoPtr<const LineHeadStyleProviderQt> provider);
     void setStylesheetManager(TAutoPtr<const StylesheetManager> manager);
     void setTranslator(TAutoPtr<const Translator> translator);
+    // The environment's stylesheet manager and brush, pen, line-head and font providers, each
+    // given to its setter above (the orders of the setters do not matter).
+    void setProviders(const Environment &environment);
 
 signals:
     void signalPropertyChanged();

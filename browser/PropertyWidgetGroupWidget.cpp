@@ -5,6 +5,15 @@
 
 namespace TavoLib {
 
+void synchronizeLabelWidths(const QList<PropertyWidget *> &panels)
+{
+    int width = 0;
+    for (PropertyWidget *panel : panels)
+        width = qMax(width, panel->maxLabelWidth());
+    for (PropertyWidget *panel : panels)
+        panel->setMaxLabelWidth(width);
+}
+
 PropertyWidgetGroupWidget::PropertyWidgetGroupWidget(QWidget *parent, const QString &title, bool withScrollArea)
     : QWidget(parent)
 {
@@ -30,13 +39,22 @@ PropertyWidgetGroupWidget::PropertyWidgetGroupWidget(QWidget *parent, const QStr
 PropertyWidgetGroupWidget::~PropertyWidgetGroupWidget()
 {
     // The panels' last signals must not reach this half-destroyed widget.
-    for (PropertyWidget *widget : qAsConst(mWidgets))
+    for (PropertyWidget *widget : widgets())
         widget->disconnect(this);
+}
+
+QList<PropertyWidget *> PropertyWidgetGroupWidget::widgets() const
+{
+    QList<PropertyWidget *> result;
+    for (const QPointer<PropertyWidget> &widget : mWidgets)
+        if (widget)
+            result << widget.data();
+    return result;
 }
 
 void PropertyWidgetGroupWidget::addWidget(PropertyWidget *widget)
 {
-    if (!widget || mWidgets.contains(widget))
+    if (!widget || widgets().contains(widget))
         return;
     mWidgets << widget;
     // Before the stretch that keeps the column at the top.
@@ -47,16 +65,12 @@ void PropertyWidgetGroupWidget::addWidget(PropertyWidget *widget)
 
 void PropertyWidgetGroupWidget::synchronizeLabelSizes()
 {
-    int width = 0;
-    for (PropertyWidget *widget : qAsConst(mWidgets))
-        width = qMax(width, widget->maxLabelWidth());
-    for (PropertyWidget *widget : qAsConst(mWidgets))
-        widget->setMaxLabelWidth(width);
+    synchronizeLabelWidths(widgets());
 }
 
 void PropertyWidgetGroupWidget::synchronizeLabelSizes(PropertyWidget *widget)
 {
-    if (widget && mWidgets.contains(widget))
+    if (widget && widgets().contains(widget))
         synchronizeLabelSizes();
 }
 

@@ -5,10 +5,14 @@
 #include "browser/PropertyWidget.h"
 
 #include <QList>
+#include <QPointer>
 
 class QVBoxLayout;
 
 namespace TavoLib {
+
+// Gives every panel of the list the largest label width among them (at least 0).
+TAVOLIBGUI_EXPORT void synchronizeLabelWidths(const QList<PropertyWidget *> &panels);
 
 class TAVOLIBGUI_EXPORT PropertyWidgetGroupWidget : public QWidget
 {
@@ -17,9 +21,11 @@ public:
     PropertyWidgetGroupWidget(QWidget *parent, const QString &title, bool withScrollArea);
     ~PropertyWidgetGroupWidget() override;
 
-    // The panel goes at the end of the column and belongs to this widget.
+    // The panel goes at the end of the column and belongs to this widget; a panel the host
+    // deletes earlier is forgotten.
     void addWidget(PropertyWidget *widget);
-    QList<PropertyWidget *> widgets() const { return mWidgets; }
+    // The panels still alive, in order.
+    QList<PropertyWidget *> widgets() const;
     // The widget that holds the column of panels.
     QWidget *mainWidget() const { return mMainWidget; }
 
@@ -37,7 +43,7 @@ public slots:
 private:
     QWidget *mMainWidget = nullptr;
     QVBoxLayout *mColumn = nullptr;
-    QList<PropertyWidget *> mWidgets;
+    QList<QPointer<PropertyWidget>> mWidgets;
 };
 
 } // namespace TavoLib

@@ -9,6 +9,7 @@
 #include "core/Environment.h"
 #include "sample/SampleDocument.h"
 #include "sample/SampleSchema.h"
+#include "sample/SelectionPage.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -19,47 +20,7 @@ using namespace TavoLib;
 
 namespace {
 
-// A page over the selected objects: it keeps them as loaded to undo a preview, and writes to
-// each object only the values the user set.
-class SelectionPage : public AttributesWidget
-{
-public:
-    SelectionPage(const std::vector<Sample::SampleObject::Ptr> &objects, const QList<AttributeKey> &keys,
-        TAutoPtr<Environment> environment)
-        : AttributesWidget(nullptr, QString()), mObjects(objects)
-    {
-        setEnvironment(environment);
-        setAttributes(keys);
-    }
-    void restoreValues() override
-    {
-        for (size_t i = 0; i < mObjects.size() && i < mLoaded.size(); ++i)
-            for (const auto &entry : mLoaded[i])
-                mObjects[i]->setAttribute(entry.second);
-    }
-
-protected:
-    void loadAttributes() override
-    {
-        mLoaded.clear();
-        for (const Sample::SampleObject::Ptr &object : mObjects) {
-            mLoaded.push_back(object->attributes());
-            intersectAttributes(object->attributes());
-        }
-    }
-    void saveAttributes(const std::list<TAutoPtr<const PropertyWidgetItem>> &changed) override
-    {
-        for (const auto &item : changed) {
-            const TAutoPtr<const Attribute> edited(item->propertiesOwner());
-            for (const Sample::SampleObject::Ptr &object : mObjects)
-                object->takeSetValues(*edited, *item->properties());
-        }
-    }
-
-private:
-    std::vector<Sample::SampleObject::Ptr> mObjects;
-    std::vector<AttributeMap> mLoaded;
-};
+using Sample::SelectionPage;
 
 // The host's dialog, shown in place on the page instead of run.
 class SampleDialog : public AttributesDialog

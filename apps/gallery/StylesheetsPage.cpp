@@ -1,13 +1,16 @@
 // Gallery page "Stylesheets": the sample's "Heading 1", which inherits from "Body text",
-// edited in a stylesheet panel: what the heading sets itself shows, what it inherits is
-// empty. Beside it, the text that describes the heading's attributes, inherited ones
-// included, written anew on every edit.
+// edited in a stylesheet panel: what the heading sets itself shows; what it inherits shows
+// greyed in the empty fields, and a value typed there sets the whole attribute from the
+// inherited values. Beside it, the text that describes the heading's attributes, inherited
+// ones included, written anew on every edit.
 #include "GalleryPage.h"
 
 #include "attributes/PropertyInfoGenerator.h"
 #include "attributes/StylesheetBasedWidgetGroupWidget.h"
 #include "attributes/WidgetController.h"
 #include "core/FontSizeProperty.h"
+#include "core/IntegerProperty.h"
+#include "core/UnitValueProperty.h"
 #include "sample/SampleAttribute.h"
 #include "sample/SampleSchema.h"
 
@@ -31,7 +34,23 @@ public:
         TAutoPtr<StylesheetManager> stylesheets = Sample::SampleSchema::makeStylesheets();
         mEnvironment->setStylesheetManager(stylesheets);
         Sample::SampleSchema::registerDefaultAttributes(*mEnvironment);
-        TAutoPtr<const Stylesheet> body = stylesheets->stylesheet(QStringLiteral("Paragraph"), QStringLiteral("Body"));
+        // The body text indents and hyphenates otherwise than the defaults, so that the
+        // heading's greyed fields show what it inherits.
+        Stylesheet::Ptr body(new Stylesheet(QStringLiteral("Paragraph"), QStringLiteral("Body"), tr("Body text")));
+        TAutoPtr<Attribute> paragraph(Sample::SampleAttribute::create(kParagraph));
+        PropertyDictionary bodyValues;
+        paragraph->fillProperties(bodyValues);
+        if (TAutoPtr<UnitValueProperty> indent{ bodyValues.property(QStringLiteral("leftIndent")) })
+            indent->setValue(UnitValue(5, CUnit::MM));
+        if (TAutoPtr<GroupProperty> hyphenation{ bodyValues.property(QStringLiteral("hyphenation")) })
+            if (TAutoPtr<IntegerProperty> shortest{ hyphenation->property(QStringLiteral("minimumWord")) })
+                shortest->setValue(3);
+        paragraph->applyProperties(bodyValues);
+        body->insertAttribute(paragraph);
+        if (TAutoPtr<const Stylesheet> shared = stylesheets->stylesheet(QStringLiteral("Paragraph"), QStringLiteral("Body")))
+            for (const auto &entry : shared->attributes(false))
+                if (entry.first != kParagraph)
+                    body->insertAttribute(entry.second);
         // The heading sets a larger size of its own and inherits the rest.
         mHeading = new Stylesheet(QStringLiteral("Paragraph"), QStringLiteral("Heading"), tr("Heading 1"), body);
         TAutoPtr<Attribute> character(Sample::SampleAttribute::create(kCharacter));

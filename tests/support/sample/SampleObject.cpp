@@ -3,6 +3,10 @@
 #include "SampleAttribute.h"
 #include "SampleSchema.h"
 
+#include "core/ActivatableGroupProperty.h"
+#include "core/ExtendedSelectorProperty.h"
+#include "core/ListProperty.h"
+
 namespace Sample {
 
 SampleObject::SampleObject(const QString &type, const QString &name,
@@ -34,6 +38,53 @@ void SampleObject::setAttribute(TAutoPtr<TavoLib::Attribute const> attribute)
         mAttributes.insert(attribute);
 }
 
+namespace {
+
+// Whether the property, or anything below it, is undefined.
+bool anyUndefined(const TavoLib::Property &property)
+{
+    if (property.isUndefined())
+        return true;
+    if (auto *group = dynamic_cast<const TavoLib::GroupProperty *>(&property)) {
+        for (const TavoLib::Property::Ptr &child : *group)
+            if (anyUndefined(*child))
+                return true;
+    } else if (auto *list = dynamic_cast<const TavoLib::ListProperty *>(&property)) {
+        for (const TavoLib::Property::Ptr &element : *list)
+            if (anyUndefined(*element))
+                return true;
+    }
+    return false;
+}
+
+// Writes the defined values of `values` into `target`, at every depth: a group with an
+// undefined child is merged child by child (its switch or choice taken when defined), and a
+// list with an undefined element is left alone, as a whole list cannot be merged by position.
+void mergeDefined(TavoLib::PropertyDictionary &target, const TavoLib::PropertyDictionary &values)
+{
+    for (const TavoLib::Property::Ptr &value : values) {
+        if (value->isUndefined())
+            continue;
+        const TavoLib::Property::Ptr mine = target.property(value->uniqueName());
+        if (!mine || qstrcmp(mine->kindName(), value->kindName()) != 0)
+            continue;
+        if (!anyUndefined(*value)) {
+            mine->copyValueFrom(*value);
+            continue;
+        }
+        const TAutoPtr<TavoLib::GroupProperty> group(value);
+        if (!group)
+            continue;
+        if (TAutoPtr<TavoLib::ActivatableGroupProperty> switchable{ value })
+            TAutoPtr<TavoLib::ActivatableGroupProperty>(mine)->setActive(switchable->isActive());
+        if (TAutoPtr<TavoLib::ExtendedSelectorProperty> choice{ value })
+            TAutoPtr<TavoLib::ExtendedSelectorProperty>(mine)->setCurrent(choice->currentName());
+        mergeDefined(*TAutoPtr<TavoLib::GroupProperty>(mine), *group);
+    }
+}
+
+} // namespace
+
 bool SampleObject::takeSetValues(const TavoLib::Attribute &edited, const TavoLib::PropertyDictionary &values)
 {
     const auto own = mAttributes.find(edited.key());
@@ -41,9 +92,7 @@ bool SampleObject::takeSetValues(const TavoLib::Attribute &edited, const TavoLib
         return false;
     TavoLib::PropertyDictionary merged;
     own->second->fillProperties(merged);
-    for (const TavoLib::Property::Ptr &value : values)
-        if (!value->isUndefined())
-            merged.insertProperty(value->clone());
+    mergeDefined(merged, values);
     TAutoPtr<TavoLib::Attribute> copy(own->second->clone());
     copy->applyProperties(merged);
     mAttributes.insert(copy);

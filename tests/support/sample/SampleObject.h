@@ -30,8 +30,9 @@ public:
     // The attributes applied to the object, by key.
     const TavoLib::AttributeMap &attributes() const { return mAttributes; }
     void setAttribute(TAutoPtr<TavoLib::Attribute const> attribute);
-    // Takes the values an edit of several objects set (the defined ones) into this object's
-    // own attribute of that key; the others keep this object's values. False without one.
+    // Takes the values an edit of several objects set (the defined ones, at every depth) into
+    // this object's own attribute of that key; what is undefined, a child of a group included,
+    // keeps this object's value. False when the object has no attribute of that key.
     bool takeSetValues(const TavoLib::Attribute &edited, const TavoLib::PropertyDictionary &values);
 
     TAutoPtr<TavoLib::PropertyableObject> clone() const override;
