@@ -295,7 +295,7 @@ void StylesheetBasedWidget::keepWhole(TAutoPtr<const PropertyableObject> owner)
         forEachDeep(property, [&](const Property::Ptr &each) { each->setUndefined(!setHere); });
     for (const Property::Ptr &property : shown)
         forEachDeep(property, [&](const Property::Ptr &each) {
-            factory().applyPropertyValues(each, QString());
+            factory().applyPropertyValues(each, ViewEditorFactory::ownerIdentifier(owner));
             ViewProperty *row = factory().toProperty(each);
             // A choice's rows are made again by the manager; the editor being typed in may
             // be among them, so only switchable groups are refreshed through it.
