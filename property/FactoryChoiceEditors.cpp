@@ -297,6 +297,8 @@ void PropertyEditorFactory::applyStylesheet(
 
 void PropertyEditorFactory::selectorPropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)
@@ -314,6 +316,8 @@ void PropertyEditorFactory::selectorPropertyChanged(int)
 
 void PropertyEditorFactory::extendedSelectorPropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<ExtendedSelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)
@@ -332,6 +336,8 @@ void PropertyEditorFactory::extendedSelectorPropertyChanged(int)
 
 void PropertyEditorFactory::stylesheetPropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<StylesheetProperty> property(editedProperty(sender()));
     if (!property || !combo)
@@ -352,6 +358,8 @@ void PropertyEditorFactory::stylesheetPropertyChanged(int)
 
 void PropertyEditorFactory::toolButtonClicked(bool checked)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *button = qobject_cast<QToolButton *>(sender());
     TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !button || !button->defaultAction())
@@ -391,6 +399,8 @@ void PropertyEditorFactory::toolButtonClicked(bool checked)
 
 void PropertyEditorFactory::toolButtonItemChanged(QAction *action)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *button = qobject_cast<QToolButton *>(sender());
     TAutoPtr<SelectorProperty> property(editedProperty(sender()));
     if (!property || !button || !action)

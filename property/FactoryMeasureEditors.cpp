@@ -309,6 +309,8 @@ void PropertyEditorFactory::applyUnitValueSelector(
 
 void PropertyEditorFactory::doublePropertyChanged(double)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *spin = qobject_cast<MyDoubleSpinBox *>(sender());
     TAutoPtr<UnitValueProperty> property(editedProperty(sender()));
     if (!property || !spin)
@@ -326,6 +328,8 @@ void PropertyEditorFactory::doublePropertyChanged(double)
 
 void PropertyEditorFactory::referenceSizeTypeChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<FontSizeProperty> property(editedProperty(sender()));
     if (!property || !combo)
@@ -339,6 +343,8 @@ void PropertyEditorFactory::referenceSizeTypeChanged()
 
 void PropertyEditorFactory::unitValuePropertyChanged(const UnitValue &)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *edit = qobject_cast<Ta_UnitEdit *>(sender());
     if (!edit)
         if (auto *spin = qobject_cast<MyDoubleSpinBox *>(sender()))
@@ -371,6 +377,8 @@ void PropertyEditorFactory::unitValuePropertyChanged(Ta_UnitEdit *edit)
 
 void PropertyEditorFactory::unitValuePresetChanged(int itemIndex)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     auto found = mPresetCombos.find(combo);
     if (found == mPresetCombos.end() || !writesAllowed() || itemIndex < 0)
@@ -388,6 +396,8 @@ void PropertyEditorFactory::unitValuePresetChanged(int itemIndex)
 
 void PropertyEditorFactory::fontSizeChanged(const UnitValue &)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *edit = qobject_cast<Ta_UnitEdit *>(sender());
     const TAutoPtr<Property> property(editedProperty(sender()));
     if (edit && property)
@@ -423,6 +433,8 @@ void PropertyEditorFactory::showFontSizeReference(TAutoPtr<Property> property, T
 
 void PropertyEditorFactory::unitValueSelectorPropertyChanged(const UnitValue &)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *spin = qobject_cast<MyDoubleSpinBox *>(sender());
     TAutoPtr<UnitValueSelectorProperty> property(editedProperty(sender()));
     if (!property || !spin)
@@ -447,6 +459,8 @@ void PropertyEditorFactory::unitValueSelectorPropertyChanged(const UnitValue &)
 
 void PropertyEditorFactory::unitValueSelectorPropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<UnitValueSelectorProperty> property(editedProperty(sender()));
     if (!property || !combo)

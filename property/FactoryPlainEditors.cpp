@@ -423,6 +423,8 @@ void PropertyEditorFactory::applyCustomColor(
 
 void PropertyEditorFactory::integerPropertyChanged(int value)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *spin = qobject_cast<QSpinBox *>(sender());
     TAutoPtr<IntegerProperty> property(editedProperty(sender()));
     if (!property || !spin)
@@ -435,6 +437,8 @@ void PropertyEditorFactory::integerPropertyChanged(int value)
 
 void PropertyEditorFactory::stringPropertyChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     TAutoPtr<StringProperty> property(editedProperty(sender()));
     if (!property || mWarning)
         return;
@@ -517,6 +521,8 @@ void PropertyEditorFactory::showReadOnlyString(
 
 void PropertyEditorFactory::boolPropertyChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     TAutoPtr<BoolProperty> property(editedProperty(sender()));
     if (!property)
         return;
@@ -540,6 +546,8 @@ void PropertyEditorFactory::boolPropertyChanged()
 
 void PropertyEditorFactory::activatableGroupStateChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *box = qobject_cast<QCheckBox *>(sender());
     TAutoPtr<ActivatableGroupProperty> property(editedProperty(sender()));
     if (!property || !box)
@@ -551,6 +559,8 @@ void PropertyEditorFactory::activatableGroupStateChanged()
 
 void PropertyEditorFactory::customColorPropertyChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *view = qobject_cast<Ta_ColorView *>(sender());
     TAutoPtr<CustomColorProperty> property(editedProperty(sender()));
     if (!property || !view)
@@ -565,6 +575,8 @@ void PropertyEditorFactory::customColorPropertyChanged()
 
 void PropertyEditorFactory::listSizeChanged(int newSize)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     TAutoPtr<ListProperty> property(editedProperty(sender()));
     if (!property)
         return;
@@ -580,6 +592,8 @@ void PropertyEditorFactory::listSizeChanged(int newSize)
 
 void PropertyEditorFactory::listWidgetPropertiesChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     TAutoPtr<ListProperty> property(editedProperty(sender()));
     if (property)
         emit propertyChanged(property);

@@ -266,6 +266,8 @@ void PropertyEditorFactory::updateLineHeadStyleEditors(bool)
 
 void PropertyEditorFactory::brushPropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<BrushProperty> property(editedProperty(sender()));
     if (!property || !combo || !mBrushProvider)
@@ -277,6 +279,8 @@ void PropertyEditorFactory::brushPropertyChanged(int)
 
 void PropertyEditorFactory::penStylePropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<PenStyleProperty> property(editedProperty(sender()));
     if (!property || !combo || !mPenStyleProvider)
@@ -288,6 +292,8 @@ void PropertyEditorFactory::penStylePropertyChanged(int)
 
 void PropertyEditorFactory::lineHeadStylePropertyChanged(int)
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     auto *combo = qobject_cast<QComboBox *>(sender());
     TAutoPtr<LineHeadStyleProperty> property(editedProperty(sender()));
     if (!property || !combo || !mLineHeadStyleProvider)
@@ -299,6 +305,8 @@ void PropertyEditorFactory::lineHeadStylePropertyChanged(int)
 
 void PropertyEditorFactory::fontFamilyPropertyChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     const FontControls controls = toFontControls(editedProperty(sender()));
     auto *family = qobject_cast<QComboBox *>(controls.family.data());
     auto *style = qobject_cast<QComboBox *>(controls.style.data());
@@ -345,6 +353,8 @@ void PropertyEditorFactory::fontStylePropertyChanged()
 
 void PropertyEditorFactory::fontPropertyChanged()
 {
+    if (!writesAllowed()) // no edit while values are applied, and no sender lookup then
+        return;
     TAutoPtr<FontProperty> property(editedProperty(sender()));
     if (!property)
         return;

@@ -186,7 +186,11 @@ void ListPropertyWidget::rebuild()
         }
     }
     updateButtons();
-    updateTabOrder();
+    // Rows rebuilt in a list on screen (Add, Delete) take their place in the chain at once; a
+    // list still being built is ordered with the form that shows it (a walk over the window
+    // per list would make a large form's load quadratic).
+    if (isVisible())
+        updateTabOrder();
 }
 
 void ListPropertyWidget::updateTabOrder()

@@ -246,6 +246,8 @@ private:
     // the widgets' signals are no edits. toProperty(QWidget *) looks up without that rule.
     TAutoPtr<Property> editedProperty(QObject *sender) const;
     FontControls toFontControls(TAutoPtr<Property> property) const;
+    // False while values are applied: the widgets' signals then are no edits. Each slot asks
+    // first, since QObject::sender() walks every connected editor.
     bool writesAllowed() const { return mApplying == 0; }
     // The parts made for every kind: names for assistive technology, the wheel guard.
     void finishEditor(QWidget *editor, const QString &name);
