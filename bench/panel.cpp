@@ -50,8 +50,12 @@ public:
     explicit BenchObject(const PropertyDictionary &values) : mValues(values) { }
     TAutoPtr<PropertyableObject> clone() const override { return new BenchObject(mValues); }
     void applyProperties(const PropertyDictionary &values) override { mValues = values; }
-    // A host with thousands of values hands over a copy rather than inserting one by one.
-    void fillProperties(PropertyDictionary &values) const override { values = mValues.cloneProperties(); }
+    // As a host does: one insert per value.
+    void fillProperties(PropertyDictionary &values) const override
+    {
+        for (const Property::Ptr &value : mValues)
+            values.insertProperty(value->clone());
+    }
     PropertyDictionary mValues;
 };
 

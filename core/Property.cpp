@@ -1,6 +1,23 @@
 #include "core/Property.h"
 
+#include <atomic>
+
 namespace TavoLib {
+
+namespace {
+std::atomic<quint64> sRenames{ 0 };
+} // namespace
+
+void Property::setUniqueName(const QString &name)
+{
+    mUniqueName = name;
+    ++sRenames;
+}
+
+quint64 Property::renameStamp()
+{
+    return sRenames.load(std::memory_order_relaxed);
+}
 
 Property::Property(const QString &uniqueName, const QString &visibleName)
     : mUniqueName(uniqueName), mVisibleName(visibleName)

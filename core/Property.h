@@ -35,7 +35,9 @@ public:
     ~Property() override;
 
     QString uniqueName() const { return mUniqueName; }
-    void setUniqueName(const QString &name) { mUniqueName = name; }
+    void setUniqueName(const QString &name);
+    // Counts every rename in the process: a dictionary's name index is rebuilt after one.
+    static quint64 renameStamp();
     QString visibleName() const { return mVisibleName; }
     void setVisibleName(const QString &name) { mVisibleName = name; }
 

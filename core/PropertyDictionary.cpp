@@ -20,15 +20,39 @@ Property::Ptr PropertyDictionary::property(const QString &uniqueName) const
     return index < 0 ? Property::Ptr() : mProperties[size_t(index)];
 }
 
+namespace {
+// From this size on, names are found through an index.
+constexpr size_t IndexedFrom = 64;
+} // namespace
+
 int PropertyDictionary::indexOf(const QString &uniqueName) const
 {
-    // A plain scan: dictionaries hold tens of entries, and a property renamed after its
-    // insertion (a renamed clone, say) is found under its new name without any index to mend.
-    for (size_t i = 0; i < mProperties.size(); ++i) {
-        if (mProperties[i]->uniqueName() == uniqueName)
-            return int(i);
+    if (mProperties.size() < IndexedFrom) {
+        // A plain scan: most dictionaries hold tens of entries.
+        for (size_t i = 0; i < mProperties.size(); ++i)
+            if (mProperties[i]->uniqueName() == uniqueName)
+                return int(i);
+        return -1;
     }
-    return -1;
+    // A property renamed after its insertion (a renamed clone, say) moves the stamp, and
+    // the index is made again before it is trusted.
+    if (mIndexSize != mProperties.size() || mIndexStamp != Property::renameStamp())
+        rebuildIndex();
+    const auto found = mIndex.constFind(uniqueName);
+    if (found == mIndex.constEnd())
+        return -1;
+    return found.value();
+}
+
+void PropertyDictionary::rebuildIndex() const
+{
+    mIndex.clear();
+    mIndex.reserve(int(mProperties.size()));
+    // The first entry of a name wins, as a scan finds it.
+    for (size_t i = mProperties.size(); i-- > 0;)
+        mIndex.insert(mProperties[i]->uniqueName(), int(i));
+    mIndexSize = mProperties.size();
+    mIndexStamp = Property::renameStamp();
 }
 
 void PropertyDictionary::insertProperty(Property::Ptr property)
@@ -38,10 +62,16 @@ void PropertyDictionary::insertProperty(Property::Ptr property)
     if (!property || property->reaches(this))
         return;
     const int index = indexOf(property->uniqueName());
-    if (index >= 0)
+    if (index >= 0) {
         mProperties[size_t(index)] = property;
-    else
-        mProperties.push_back(property);
+        return;
+    }
+    mProperties.push_back(property);
+    // An index that was whole stays whole with the new entry.
+    if (mIndexSize == mProperties.size() - 1 && mIndexStamp == Property::renameStamp()) {
+        mIndex.insert(property->uniqueName(), int(mProperties.size() - 1));
+        mIndexSize = mProperties.size();
+    }
 }
 
 bool PropertyDictionary::removeProperty(const QString &uniqueName)
@@ -50,12 +80,15 @@ bool PropertyDictionary::removeProperty(const QString &uniqueName)
     if (index < 0)
         return false;
     mProperties.erase(mProperties.begin() + index);
+    mIndexSize = size_t(-1); // the positions after it moved
     return true;
 }
 
 void PropertyDictionary::clearProperties()
 {
     mProperties.clear();
+    mIndex.clear();
+    mIndexSize = size_t(-1);
 }
 
 PropertyDictionary PropertyDictionary::cloneProperties() const

@@ -5,6 +5,8 @@
 // Copying a dictionary copies the pointers, not the properties; clone() is deep.
 #include "core/Property.h"
 
+#include <QHash>
+
 #include <vector>
 
 namespace TavoLib {
@@ -44,9 +46,19 @@ public:
 
 protected:
     std::vector<Property::Ptr> mProperties;
+    // Forgets the name index, after mProperties was changed other than through this class.
+    void clearIndex() { mIndexSize = size_t(-1); }
 
 private:
     int indexOf(const QString &uniqueName) const;
+    void rebuildIndex() const;
+
+    // Large dictionaries (a host's thousands of values) find names through an index; small
+    // ones scan. The index is rebuilt after any rename anywhere or a change of size it did not
+    // make itself; a subclass that reorders mProperties in place must call clearIndex().
+    mutable QHash<QString, int> mIndex;
+    mutable quint64 mIndexStamp = 0;
+    mutable size_t mIndexSize = size_t(-1);
 };
 
 } // namespace TavoLib

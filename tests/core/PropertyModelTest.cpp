@@ -180,6 +180,36 @@ private slots:
         QCOMPARE(groupTexts.size(), variants - kinds.size() + 1);
     }
 
+    void largeDictionariesFindNamesLikeSmallOnes()
+    {
+        // Above the size where names are indexed: the same answers as a scan, also after a
+        // rename in place, a removal and a replacement.
+        PropertyDictionary d;
+        for (int i = 0; i < 300; ++i)
+            d.insertProperty(new IntegerProperty(QStringLiteral("n%1").arg(i), "N", i));
+        QCOMPARE(d.size(), 300);
+        QCOMPARE(TAutoPtr<IntegerProperty>(d.property("n250"))->value(), 250);
+        d.insertProperty(new IntegerProperty("n10", "N", -10)); // replaces where it stands
+        QCOMPARE(d.size(), 300);
+        QCOMPARE(TAutoPtr<IntegerProperty>(d.at(10))->value(), -10);
+        d.property("n20")->setUniqueName("renamed");
+        QVERIFY(!d.property("n20"));
+        QCOMPARE(TAutoPtr<IntegerProperty>(d.property("renamed"))->value(), 20);
+        d.insertProperty(new IntegerProperty("renamed", "N", 7)); // the renamed entry's place
+        QCOMPARE(d.size(), 300);
+        QCOMPARE(TAutoPtr<IntegerProperty>(d.at(20))->value(), 7);
+        QVERIFY(d.removeProperty("n0"));
+        QCOMPARE(TAutoPtr<IntegerProperty>(d.property("n299"))->value(), 299);
+        QCOMPARE(d.at(298), d.property("n299"));
+        // Two entries of one name after a rename: the first is found, as a scan finds it.
+        d.property("n5")->setUniqueName("n6");
+        QCOMPARE(d.property("n6"), d.at(4));
+        PropertyDictionary copy = d;
+        QCOMPARE(copy.property("n150"), d.property("n150"));
+        d.clearProperties();
+        QVERIFY(!d.property("n150"));
+    }
+
     void intersectMergesChildByChild()
     {
         GroupProperty::Ptr shown = makeGroup(2, "same");
