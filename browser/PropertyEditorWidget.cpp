@@ -67,14 +67,9 @@ void PropertyEditorWidget::setEnvironment(TAutoPtr<Environment> environment)
     mEnvironment = environment;
     if (!environment)
         return;
-    // kept on purpose: the environment's stylesheets too, so that stylesheet rows have their list;
-    // it replaces a manager set through propertyWidget() before.
-    mPropertyWidget->setStylesheetManager(environment->stylesheetManager());
-    mPropertyWidget->setBrushProvider(TAutoPtr<const BrushProviderQt>(environment->brushProvider()));
-    mPropertyWidget->setPenStyleProvider(TAutoPtr<const PenStyleProviderQt>(environment->penStyleProvider()));
-    mPropertyWidget->setLineHeadStyleProvider(
-        TAutoPtr<const LineHeadStyleProviderQt>(environment->lineHeadStyleProvider()));
-    mPropertyWidget->setFontProvider(TAutoPtr<const FontProviderQt>(environment->fontProvider()));
+    // kept on purpose: the environment's stylesheets too (setProviders hands them on), so that
+    // stylesheet rows have their list; it replaces a manager set through propertyWidget().
+    mPropertyWidget->setProviders(*environment);
 }
 
 void PropertyEditorWidget::loadValues(
