@@ -31,7 +31,8 @@ const int kStopPixmap = int(0xF0000002u);
 
 ProgressDialog::ProgressDialog(QWidget *parent)
 {
-    // A console host has a QCoreApplication but can make no widget: it gets an empty handle.
+    // decided: a console host (a QCoreApplication, not a QApplication) can make no widget and
+    // gets an empty handle.
     if (qobject_cast<QApplication *>(QCoreApplication::instance()))
         mInternals = new ProgressDialogInternals(this, parent);
 }
