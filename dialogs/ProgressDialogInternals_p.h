@@ -11,7 +11,8 @@ class ProgressLabel;
 class ProgressSection;
 class QVBoxLayout;
 
-class ProgressDialogInternals : public TavoLib::DialogBase
+// Exported for the library's own tests only; hosts never see this header.
+class TAVOLIBGUI_EXPORT ProgressDialogInternals : public TavoLib::DialogBase
 {
     Q_OBJECT
 public:

@@ -51,8 +51,7 @@ int reportUntilStopped(const TAutoPtr<Progress> &progress)
 // The next report of `dialog` pumps events, as if half a second had passed.
 void pumpAtNextReport(ProgressDialog &dialog)
 {
-    // The handle's widget is its internals (a class not exported, so no qobject_cast).
-    if (auto *internals = static_cast<ProgressDialogInternals *>(static_cast<QWidget *>(dialog)))
+    if (auto *internals = qobject_cast<ProgressDialogInternals *>(static_cast<QWidget *>(dialog)))
         internals->mLastPump = internals->mClock.elapsed() - 1000;
 }
 
