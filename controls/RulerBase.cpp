@@ -104,8 +104,9 @@ bool RulerBase::visibleSteps(double world, double stride, double count, qint64 &
     const double localStride = localOnAxis(world + stride) - l0;
     const double margin = 60.0 + std::abs(localStride);
     const double length = horizontal() ? GetDrawWidth() : GetDrawHeight();
-    return visibleIndices(l0, localStride, qMin(0.0, double(horizontal() ? mOffset.x() : mOffset.y())) - margin,
-                          length + margin, count, first, last);
+    return visibleIndices(l0, localStride,
+        qMin(0.0, double(horizontal() ? mOffset.x() : mOffset.y())) - margin, length + margin,
+        count, first, last);
 }
 
 void RulerBase::chooseStep(int axis, double unitsPerPixel, const int *list)

@@ -16,7 +16,7 @@ RulerWidget::RulerWidget(Orientation orientation, QWidget *parent)
 void RulerWidget::applySizePolicy()
 {
     setSizePolicy(orientation() == Horizontal ? QSizePolicy::Expanding : QSizePolicy::Fixed,
-                  orientation() == Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);
+        orientation() == Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);
 }
 
 void RulerWidget::setOrientation(Orientation orientation)

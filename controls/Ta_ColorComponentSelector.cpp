@@ -22,9 +22,15 @@ int channel(int v)
 class StripAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
-    explicit StripAccessible(Ta_ColorComponentSelector *strip) : QAccessibleWidget(strip, QAccessible::Slider) { }
+    explicit StripAccessible(Ta_ColorComponentSelector *strip)
+        : QAccessibleWidget(strip, QAccessible::Slider)
+    {
+    }
 
-    Ta_ColorComponentSelector *strip() const { return static_cast<Ta_ColorComponentSelector *>(widget()); }
+    Ta_ColorComponentSelector *strip() const
+    {
+        return static_cast<Ta_ColorComponentSelector *>(widget());
+    }
 
     QString text(QAccessible::Text t) const override
     {
@@ -77,9 +83,18 @@ void Ta_ColorComponentSelector::setColorMatcher(TAutoPtr<TavoLib::ColorMatcher> 
 QString Ta_ColorComponentSelector::componentName() const
 {
     static const char *const names[] = {
-        QT_TR_NOOP("Hue"),  QT_TR_NOOP("Saturation"), QT_TR_NOOP("Value"),  QT_TR_NOOP("Red"),
-        QT_TR_NOOP("Green"), QT_TR_NOOP("Blue"),      QT_TR_NOOP("Cyan"),   QT_TR_NOOP("Magenta"),
-        QT_TR_NOOP("Yellow"), QT_TR_NOOP("Black"),    QT_TR_NOOP("L"),      QT_TR_NOOP("a"),
+        QT_TR_NOOP("Hue"),
+        QT_TR_NOOP("Saturation"),
+        QT_TR_NOOP("Value"),
+        QT_TR_NOOP("Red"),
+        QT_TR_NOOP("Green"),
+        QT_TR_NOOP("Blue"),
+        QT_TR_NOOP("Cyan"),
+        QT_TR_NOOP("Magenta"),
+        QT_TR_NOOP("Yellow"),
+        QT_TR_NOOP("Black"),
+        QT_TR_NOOP("L"),
+        QT_TR_NOOP("a"),
         QT_TR_NOOP("b"),
     };
     return tr(names[mComponent]);
@@ -233,7 +248,7 @@ void Ta_ColorComponentSelector::mousePressEvent(QMouseEvent *event)
         return;
     }
     setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
-                     mOrientation != kOrientationVertical));
+        mOrientation != kOrientationVertical));
 }
 
 void Ta_ColorComponentSelector::mouseMoveEvent(QMouseEvent *event)
@@ -243,7 +258,7 @@ void Ta_ColorComponentSelector::mouseMoveEvent(QMouseEvent *event)
         return;
     }
     setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
-                     mOrientation != kOrientationVertical));
+        mOrientation != kOrientationVertical));
 }
 
 void Ta_ColorComponentSelector::setVal(int v)

@@ -235,13 +235,14 @@ void Ta_ColorSelector::buildRows()
         setTabOrder(strip, number);
         previous = number;
         connect(strip, &Strip::rgbChanged, this, [this, strip] { takeFrom(strip); });
-        connect(number, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, strip, type](int value) {
-            // A row of another model waits for deletion: its numbers say nothing now.
-            if (mUpdating || strip->getColorType() != mModel)
-                return;
-            carry(strip, strip, mModel, type, value);
-            takeFrom(strip);
-        });
+        connect(number, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            [this, strip, type](int value) {
+                // A row of another model waits for deletion: its numbers say nothing now.
+                if (mUpdating || strip->getColorType() != mModel)
+                    return;
+                carry(strip, strip, mModel, type, value);
+                takeFrom(strip);
+            });
     }
     setTabOrder(previous, mHex);
     // A row may be the caller of the host's handler that changed the model: its code is still

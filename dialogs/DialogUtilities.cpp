@@ -142,8 +142,9 @@ bool DialogUtilities::restoreGeometry(QDialog &dialog, const QString &key)
         Ta_WidgetGeometry geometry(-1);
         const QRect available = geometry.availableGeometry();
         const QPoint centred((available.width() - rect.width()) / 2 + available.left(),
-                             (available.height() - rect.height()) / 2 + available.top());
-        const QRect fitted = geometry.ValidateWindowGeometry(rect, rect.size(), centred, true, true);
+            (available.height() - rect.height()) / 2 + available.top());
+        const QRect fitted
+            = geometry.ValidateWindowGeometry(rect, rect.size(), centred, true, true);
         if (fitted.isValid()) {
             dialog.setGeometry(fitted);
             applied = true;
@@ -151,7 +152,8 @@ bool DialogUtilities::restoreGeometry(QDialog &dialog, const QString &key)
     }
     // decided: true only when something of the record was applied, so that a host can place
     // the dialog itself otherwise.
-    return restoreSplitters(dialog, settings.value(QStringLiteral("Splitter"), QVariantMap())) || applied;
+    return restoreSplitters(dialog, settings.value(QStringLiteral("Splitter"), QVariantMap()))
+        || applied;
 }
 
 QRect DialogUtilities::validateGeometry(const QRect &rect, const QSize &size, const QPoint &position,

@@ -234,9 +234,8 @@ bool ProgressDialogInternals::pump(bool mayThrow)
 
 void ProgressDialogInternals::RemoveProgress(ProgressSection *inProgress, bool closeMode)
 {
-    const auto found = [this, inProgress] {
-        return std::find(mSections.begin(), mSections.end(), inProgress);
-    };
+    const auto found
+        = [this, inProgress] { return std::find(mSections.begin(), mSections.end(), inProgress); };
     if (found() != mSections.end() && !closeMode) {
         // The bar's own finish: a section's finish would report, and a report may throw.
         if (inProgress->mBar)
@@ -338,8 +337,9 @@ void ProgressSection::setImage(const QImage &image)
         // A picture larger than its place is scaled down whole, never cut to its centre.
         const QSize room = mImageLabel->contentsRect().size();
         const bool fits = image.width() <= room.width() && image.height() <= room.height();
-        mImageLabel->setPixmap(QPixmap::fromImage(
-            fits || room.isEmpty() ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+        mImageLabel->setPixmap(QPixmap::fromImage(fits || room.isEmpty()
+                ? image
+                : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
     }
     pump();
 }

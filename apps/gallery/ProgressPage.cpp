@@ -48,10 +48,11 @@ QGroupBox *jobsGroup(QWidget *page, const QString &title, QStyle *style, bool wi
         static_cast<QWidget *>(*dialog)->setStyle(style);
     auto *sections = new QList<TAutoPtr<Progress>>;
     if (withPicture) {
-        TAutoPtr<Progress> pictures = dialog->newProgress(ProgressDialog::MainText | ProgressDialog::DetailText
-                                                      | ProgressDialog::StopButton | ProgressDialog::Image);
-        pictures->setText(QObject::tr("Placing pictures of the harbour guide, chapter 3, with a text far too "
-                                      "long for its line"));
+        TAutoPtr<Progress> pictures = dialog->newProgress(ProgressDialog::MainText
+            | ProgressDialog::DetailText | ProgressDialog::StopButton | ProgressDialog::Image);
+        pictures->setText(
+            QObject::tr("Placing pictures of the harbour guide, chapter 3, with a text far too "
+                        "long for its line"));
         pictures->setDetailText(QObject::tr("harbour-at-dawn.tif"));
         pictures->setImage(previewImage());
         pictures->setRange(0, 120);

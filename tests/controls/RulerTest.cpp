@@ -7,10 +7,10 @@
 #include "core/units/CUnit.h"
 
 #include <QImage>
-#include <functional>
 #include <QPainter>
 #include <QPointer>
 #include <QTest>
+#include <functional>
 
 using TavoLib::Point;
 
@@ -231,14 +231,16 @@ private slots:
         const int rows = qRound(image.height() * 0.6);
         QList<int> ticks; // the first column of every numbered tick
         for (int x = 0; x < image.width(); ++x) {
-            if (inkInColumn(image, x, 0, rows) == rows + 1 && (ticks.isEmpty() || inkInColumn(image, x - 1, 0, rows) <= rows))
+            if (inkInColumn(image, x, 0, rows) == rows + 1
+                && (ticks.isEmpty() || inkInColumn(image, x - 1, 0, rows) <= rows))
                 ticks << x;
         }
         QVERIFY(ticks.size() > 20);
         for (int i = 1; i < ticks.size(); ++i) {
             const int gap = ticks[i] - ticks[i - 1];
             QVERIFY(inkInRect(image, QRect(ticks[i - 1] + 1, 0, gap / 2, rows)) > 0); // a label
-            QVERIFY2(inkInRect(image, QRect(ticks[i] - 2, 0, 2, rows)) == 0, qPrintable(QString::number(ticks[i])));
+            QVERIFY2(inkInRect(image, QRect(ticks[i] - 2, 0, 2, rows)) == 0,
+                qPrintable(QString::number(ticks[i])));
         }
     }
 };

@@ -134,8 +134,8 @@ private slots:
         QCOMPARE(redNow(), 100);
         QVERIFY(red.selector.focusPolicy() & Qt::TabFocus);
 
-        QWheelEvent up(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(), QPoint(0, 120),
-                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent up(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(),
+            QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&red.selector, &up);
         QCOMPARE(redNow(), 100); // not focused: the wheel goes to whatever holds the strip
 
@@ -155,8 +155,8 @@ private slots:
         QCOMPARE(redNow(), 255);
         QTest::keyClick(&red.selector, Qt::Key_Home);
         QCOMPARE(redNow(), 0);
-        QWheelEvent again(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(), QPoint(0, 120),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent again(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(),
+            QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&red.selector, &again);
         QCOMPARE(redNow(), 1);
 

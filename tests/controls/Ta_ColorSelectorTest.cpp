@@ -93,7 +93,8 @@ private slots:
         QVERIFY(hex->hasFocus());
         auto *red = selector->findChildren<Ta_ColorComponentSelector *>().first();
         QTest::mousePress(red, Qt::LeftButton, {}, QPoint(red->width() / 2, 5));
-        QMouseEvent drag(QEvent::MouseMove, QPointF(red->width() - 2, 5), Qt::NoButton, Qt::LeftButton, {});
+        QMouseEvent drag(
+            QEvent::MouseMove, QPointF(red->width() - 2, 5), Qt::NoButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(red, &drag);
         QTest::mouseRelease(red, Qt::LeftButton, {}, QPoint(red->width() - 2, 5));
         QCOMPARE(selector->color(), QColor(255, 20, 30));
@@ -120,8 +121,9 @@ private slots:
         selector.show();
         QVERIFY(QTest::qWaitForWindowExposed(&selector));
         connect(&selector, &Ta_ColorSelector::colorChanged, &selector, [&selector] {
-            selector.setModel(selector.model() == Ta_ColorComponentSelector::RGB ? Ta_ColorComponentSelector::HSV
-                                                                               : Ta_ColorComponentSelector::RGB);
+            selector.setModel(selector.model() == Ta_ColorComponentSelector::RGB
+                    ? Ta_ColorComponentSelector::HSV
+                    : Ta_ColorComponentSelector::RGB);
         });
         auto *strip = selector.findChildren<Ta_ColorComponentSelector *>().first();
         QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(strip->width() - 2, 5));
@@ -143,7 +145,7 @@ private slots:
         const QColor got = selector.color();
         QCOMPARE(got.spec(), QColor::Cmyk);
         QCOMPARE(QList<int>({ got.cyan(), got.magenta(), got.yellow(), got.black() }),
-                 QList<int>({ 10, 20, 30, 40 }));
+            QList<int>({ 10, 20, 30, 40 }));
         QCOMPARE(selector.oldColor(), QColor::fromCmyk(10, 20, 30, 40));
         QList<int> shown;
         for (QSpinBox *box : visibleNumbers(selector))
@@ -159,7 +161,7 @@ private slots:
         const QColor sent = changed.last().at(0).value<QColor>();
         QCOMPARE(sent.spec(), QColor::Cmyk);
         QCOMPARE(QList<int>({ sent.cyan(), sent.magenta(), sent.yellow(), sent.black() }),
-                 QList<int>({ 10, 20, 30, 50 }));
+            QList<int>({ 10, 20, 30, 50 }));
 
         selector.setModel(Ta_ColorComponentSelector::Lab);
         selector.setLab(50.25, 10.5, -20.75);
@@ -185,9 +187,10 @@ private slots:
             QVERIFY(focused);
             names << QString::fromLatin1(focused->metaObject()->className());
         }
-        QCOMPARE(names, QStringList({ "Ta_ColorComponentSelector", "QSpinBox", "Ta_ColorComponentSelector",
-                                      "QSpinBox", "Ta_ColorComponentSelector", "QSpinBox",
-                                      "Ta_ColorComponentSelector", "QSpinBox", "QLineEdit" }));
+        QCOMPARE(names,
+            QStringList({ "Ta_ColorComponentSelector", "QSpinBox", "Ta_ColorComponentSelector",
+                "QSpinBox", "Ta_ColorComponentSelector", "QSpinBox", "Ta_ColorComponentSelector",
+                "QSpinBox", "QLineEdit" }));
         for (QLabel *label : selector.findChildren<QLabel *>()) {
             if (!label->text().isEmpty())
                 QVERIFY2(qobject_cast<QSpinBox *>(label->buddy()), qPrintable(label->text()));

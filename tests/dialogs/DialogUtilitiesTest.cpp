@@ -102,7 +102,8 @@ private slots:
     {
         QSettings s = settings();
         s.setValue("Dialogs/SplitDialog/Geometry", QStringLiteral("not a rectangle"));
-        s.setValue("Dialogs/SplitDialog/Splitter", QVariantMap{ { "main", QVariantList{ "a" } } });
+        s.setValue(
+            "Dialogs/SplitDialog/Splitter", QVariantMap { { "main", QVariantList { "a" } } });
         SplitDialog dialog;
         dialog.show();
         const QRect before = dialog.geometry();
@@ -127,7 +128,8 @@ private slots:
     {
         QSettings s = settings();
         s.setValue("Dialogs/SplitDialog/Geometry", QStringLiteral("not a rectangle"));
-        s.setValue("Dialogs/SplitDialog/Splitter", QVariantMap{ { "main", QVariantList{ 120, 250, 7, 1e12 } } });
+        s.setValue("Dialogs/SplitDialog/Splitter",
+            QVariantMap { { "main", QVariantList { 120, 250, 7, 1e12 } } });
         SplitDialog dialog;
         dialog.show();
         SplitDialog twin;

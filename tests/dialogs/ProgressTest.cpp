@@ -65,10 +65,12 @@ const bool sConsoleHost = [] {
     static char *argv[] = { name, nullptr };
     QCoreApplication app(argc, argv);
     ProgressDialog dialog;
-    TAutoPtr<Progress> progress = dialog.newProgress(ProgressDialog::MainText | ProgressDialog::StopButton);
+    TAutoPtr<Progress> progress
+        = dialog.newProgress(ProgressDialog::MainText | ProgressDialog::StopButton);
     dialog.setTitle(QStringLiteral("console"));
     dialog.show();
-    const bool empty = !progress && !static_cast<QWidget *>(dialog) && dialog.countOfProgresses() == 0;
+    const bool empty
+        = !progress && !static_cast<QWidget *>(dialog) && dialog.countOfProgresses() == 0;
     std::fflush(nullptr);
     _exit(empty ? 0 : 3);
 }();
@@ -207,7 +209,8 @@ private slots:
     {
         for (bool escape : { true, false }) {
             ProgressDialog dialog;
-            TAutoPtr<Progress> job = dialog.newProgress(ProgressDialog::MainText | ProgressDialog::StopButton);
+            TAutoPtr<Progress> job
+                = dialog.newProgress(ProgressDialog::MainText | ProgressDialog::StopButton);
             TAutoPtr<Progress> plain = dialog.newProgress(ProgressDialog::MainText);
             auto *window = static_cast<QWidget *>(dialog);
             dialog.show();
