@@ -104,6 +104,7 @@ fuzz)
     build build-fuzz
     # Qt's platform plugin keeps its screen objects to the end; they are not ours.
     export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
+    export UBSAN_OPTIONS=print_stacktrace=1
     for f in build-fuzz/fuzz/fuzz_*; do
         [ -f "$f" ] && [ -x "$f" ] || continue
         name=$(basename "$f")

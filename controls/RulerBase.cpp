@@ -87,13 +87,8 @@ void RulerBase::Paint(QPainter &painter)
         skip = end[axis] - start[axis];
     if (!(skip > 0.0) || !std::isfinite(skip) || !std::isfinite(start[axis]))
         return;
-    const double l0 = localOnAxis(start[axis]);
-    const double stride = localOnAxis(start[axis] + skip) - l0;
-    const double margin = 60.0 + std::abs(stride);
     qint64 first = 0, last = -1;
-    if (!visibleIndices(l0, stride, qMin(0.0, double(horizontal() ? mOffset.x() : mOffset.y())) - margin,
-                        (horizontal() ? width : height) + margin, (end[axis] - start[axis]) / skip, first,
-                        last))
+    if (!visibleSteps(start[axis], skip, (end[axis] - start[axis]) / skip, first, last))
         return;
     for (qint64 k = first; k <= last; ++k) {
         const double pageStart = start[axis] + double(k) * skip;
@@ -101,6 +96,17 @@ void RulerBase::Paint(QPainter &painter)
             break;
         DrawPage(painter, pageStart, pageStart + skip);
     }
+}
+
+bool RulerBase::visibleSteps(double world, double stride, double count, qint64 &first, qint64 &last)
+{
+    const double l0 = localOnAxis(world);
+    const double localStride = localOnAxis(world + stride) - l0;
+    const double margin = 60.0 + std::abs(localStride);
+    const double length = horizontal() ? GetDrawWidth() : GetDrawHeight();
+    return visibleIndices(l0, localStride,
+        qMin(0.0, double(horizontal() ? mOffset.x() : mOffset.y())) - margin, length + margin,
+        count, first, last);
 }
 
 void RulerBase::chooseStep(int axis, double unitsPerPixel, const int *list)
@@ -141,13 +147,8 @@ void RulerBase::DrawPage(QPainter &painter, double start, double end)
 
     // Numbered steps from 0; only those near the drawn length are walked.
     const double step = mMajorStep[axis];
-    const double l0 = localOnAxis(mPageStart * conversion);
-    const double stride = localOnAxis((mPageStart + step) * conversion) - l0;
-    const double margin = 60.0 + std::abs(stride);
     qint64 first = 0, last = -1;
-    const double length = horizontal() ? GetDrawWidth() : GetDrawHeight();
-    if (!visibleIndices(l0, stride, qMin(0.0, double(horizontal() ? mOffset.x() : mOffset.y())) - margin,
-                        length + margin, mPageLength / step, first, last))
+    if (!visibleSteps(mPageStart * conversion, step * conversion, mPageLength / step, first, last))
         return;
     for (qint64 k = first; k <= last; ++k) {
         const double a = double(k) * step;
@@ -172,6 +173,8 @@ void RulerBase::DrawMajor(QPainter &painter, double from, double to, int positio
             painter.drawLine(QPointF(x, 0.0), QPointF(x, GetDrawHeight() - 1));
             const double width = metrics.horizontalAdvance(label);
             if (mDirection == Mirrored) {
+                // kept on purpose: a mirrored label is checked against the ruler's left edge
+                // only, never against the page's end.
                 if (x - 2.0 - width >= 0.0)
                     painter.drawText(QPointF(x - 2.0 - width, ascent), label);
             } else if (x + 2.0 + width < mPageEnd) {

@@ -52,6 +52,9 @@ public:
     virtual TavoLib::Point GetDrawSize();
     virtual TavoLib::Point GetSize();
     // World to the painter's coordinates, and those to global ones; both unchanged by default.
+    // WorldToLocal must be affine along the ruler's axis (a scale and a shift): Paint finds the
+    // pages and steps on screen from two of its points, so a mapping with gaps of its own
+    // (spreads laid out with a space between them) would leave pages far along undrawn.
     virtual TavoLib::Point WorldToLocal(const TavoLib::Point &world);
     virtual TavoLib::Point LocalToGlobal(const TavoLib::Point &local);
 
@@ -85,6 +88,9 @@ private:
     bool horizontal() const { return mOrientation == Horizontal; }
     void chooseStep(int axis, double unitsPerPixel, const int *list);
     void DrawPage(QPainter &painter, double start, double end);
+    // The indices of `count` steps of `stride` from world position `world` that can show
+    // within the drawn length; false when none can.
+    bool visibleSteps(double world, double stride, double count, qint64 &first, qint64 &last);
     void DrawMajor(QPainter &painter, double from, double to, int position);
     void DrawMinor(QPainter &painter, double from, double to, int position, int size);
     // The local position on the axis of a world position on the axis.

@@ -9,9 +9,52 @@ using TavoLib::Point;
 RulerWidget::RulerWidget(Orientation orientation, QWidget *parent)
     : QWidget(parent), RulerBase(orientation)
 {
-    setSizePolicy(orientation == Horizontal ? QSizePolicy::Expanding : QSizePolicy::Fixed,
-                  orientation == Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);
+    applySizePolicy();
     updateMatrix();
+}
+
+void RulerWidget::applySizePolicy()
+{
+    setSizePolicy(orientation() == Horizontal ? QSizePolicy::Expanding : QSizePolicy::Fixed,
+        orientation() == Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);
+}
+
+void RulerWidget::setOrientation(Orientation orientation)
+{
+    RulerBase::setOrientation(orientation);
+    applySizePolicy();
+    updateMatrix();
+    updateGeometry();
+    update();
+}
+
+void RulerWidget::setMatrix(const QTransform &)
+{
+    // Refused: the matrix follows the zoom and the screen, and is made again at every paint.
+}
+
+void RulerWidget::setDirection(Direction direction)
+{
+    RulerBase::setDirection(direction);
+    update();
+}
+
+void RulerWidget::setHorizontalUnit(unsigned int unit)
+{
+    RulerBase::setHorizontalUnit(unit);
+    update();
+}
+
+void RulerWidget::setVerticalUnit(unsigned int unit)
+{
+    RulerBase::setVerticalUnit(unit);
+    update();
+}
+
+void RulerWidget::setColor(const QColor &color)
+{
+    RulerBase::setColor(color);
+    update();
 }
 
 void RulerWidget::setUnit(unsigned int unit)
@@ -54,8 +97,18 @@ void RulerWidget::setMirrored(bool mirrored)
 
 double RulerWidget::pixelsPerMillimetre() const
 {
+    return unitsPerMillimetre() * density();
+}
+
+double RulerWidget::density() const
+{
     const int dpi = orientation() == Horizontal ? logicalDpiX() : logicalDpiY();
-    return mZoom * dpi / 25.4;
+    return dpi > 0 ? dpi / 96.0 : 1.0;
+}
+
+double RulerWidget::unitsPerMillimetre() const
+{
+    return mZoom * 96.0 / 25.4;
 }
 
 QSize RulerWidget::sizeHint() const
@@ -83,14 +136,14 @@ Point RulerWidget::GetSkipSize()
 
 Point RulerWidget::GetDrawSize()
 {
-    return Point(width(), height());
+    return Point(width() / density(), height() / density());
 }
 
 Point RulerWidget::WorldToLocal(const Point &world)
 {
     // The matrix scales; the origin moves the shown stretch along the ruler's axis.
     Point local(matrix().map(world));
-    const double shift = mOrigin * pixelsPerMillimetre();
+    const double shift = mOrigin * unitsPerMillimetre();
     local[orientation() == Horizontal] -= shift;
     return local;
 }
@@ -98,12 +151,31 @@ Point RulerWidget::WorldToLocal(const Point &world)
 void RulerWidget::paintEvent(QPaintEvent *)
 {
     updateMatrix();
+    const double f = density();
     QPainter painter(this);
-    Paint(painter);
+    if (qFuzzyCompare(f, 1.0)) {
+        Paint(painter);
+        return;
+    }
+    // In 96-dpi pixels onto an image of 96 dpi, so that the labels' point size is measured in
+    // those pixels too, then shown at the screen's density.
+    const qreal ratio = devicePixelRatioF();
+    QImage image(size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    const int dotsPerMetre = qRound(96.0 / 0.0254);
+    image.setDotsPerMeterX(dotsPerMetre);
+    image.setDotsPerMeterY(dotsPerMetre);
+    image.fill(Qt::transparent);
+    {
+        QPainter scaled(&image);
+        scaled.scale(f, f);
+        Paint(scaled);
+    }
+    painter.drawImage(QPoint(0, 0), image);
 }
 
 void RulerWidget::updateMatrix()
 {
-    const double scale = pixelsPerMillimetre();
-    setMatrix(QTransform::fromScale(scale, scale));
+    const double scale = unitsPerMillimetre();
+    RulerBase::setMatrix(QTransform::fromScale(scale, scale));
 }

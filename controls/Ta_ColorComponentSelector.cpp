@@ -3,20 +3,70 @@
 #include "core/ColorFunctions.h"
 #include "style/Device.h"
 
+#include <QAccessible>
+#include <QAccessibleValueInterface>
+#include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPolygon>
+#include <QWheelEvent>
 
 namespace {
 int channel(int v)
 {
     return qBound(0, v, 255);
 }
+
+// The strip as assistive technology sees it: a slider with the component's name and value.
+class StripAccessible : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit StripAccessible(Ta_ColorComponentSelector *strip)
+        : QAccessibleWidget(strip, QAccessible::Slider)
+    {
+    }
+
+    Ta_ColorComponentSelector *strip() const
+    {
+        return static_cast<Ta_ColorComponentSelector *>(widget());
+    }
+
+    QString text(QAccessible::Text t) const override
+    {
+        if (t == QAccessible::Name && widget()->accessibleName().isEmpty())
+            return strip()->componentName();
+        if (t == QAccessible::Value)
+            return QString::number(strip()->value());
+        return QAccessibleWidget::text(t);
+    }
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+    QVariant currentValue() const override { return strip()->value(); }
+    void setCurrentValue(const QVariant &value) override { strip()->stepTo(value.toInt()); }
+    QVariant maximumValue() const override { return strip()->maximum(); }
+    QVariant minimumValue() const override { return strip()->minimum(); }
+    QVariant minimumStepSize() const override { return 1; }
+};
+
+QAccessibleInterface *stripAccessible(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("Ta_ColorComponentSelector") && object && object->isWidgetType())
+        return new StripAccessible(static_cast<Ta_ColorComponentSelector *>(object));
+    return nullptr;
+}
 } // namespace
 
 Ta_ColorComponentSelector::Ta_ColorComponentSelector(QWidget *parent)
     : QWidget(parent), mIntValue(&mV), mDoubleValue(&mL)
 {
+    static const bool installed = (QAccessible::installFactory(stripAccessible), true);
+    Q_UNUSED(installed);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 Ta_ColorComponentSelector::~Ta_ColorComponentSelector() = default;
@@ -24,6 +74,84 @@ Ta_ColorComponentSelector::~Ta_ColorComponentSelector() = default;
 void Ta_ColorComponentSelector::setColorMatcher(TAutoPtr<TavoLib::ColorMatcher> matcher)
 {
     mColorMatcher = matcher;
+    // A Lab strip that had no matcher knows its colour only in RGB: Lab comes from there.
+    if (mColorType == Lab && mColorMatcher)
+        mColorMatcher->rgbToLab(mR, mG, mB, mL, mA, mLabB);
+    refresh();
+}
+
+QString Ta_ColorComponentSelector::componentName() const
+{
+    static const char *const names[] = {
+        QT_TR_NOOP("Hue"),
+        QT_TR_NOOP("Saturation"),
+        QT_TR_NOOP("Value"),
+        QT_TR_NOOP("Red"),
+        QT_TR_NOOP("Green"),
+        QT_TR_NOOP("Blue"),
+        QT_TR_NOOP("Cyan"),
+        QT_TR_NOOP("Magenta"),
+        QT_TR_NOOP("Yellow"),
+        QT_TR_NOOP("Black"),
+        QT_TR_NOOP("L"),
+        QT_TR_NOOP("a"),
+        QT_TR_NOOP("b"),
+    };
+    return tr(names[mComponent]);
+}
+
+int Ta_ColorComponentSelector::value() const
+{
+    return shownValue();
+}
+
+void Ta_ColorComponentSelector::stepTo(int v)
+{
+    setVal(qBound(mMinimum, v, mMaximum));
+}
+
+void Ta_ColorComponentSelector::keyPressEvent(QKeyEvent *event)
+{
+    const int page = qMax(1, (mMaximum - mMinimum + 1) / 10);
+    const int now = shownValue();
+    switch (event->key()) {
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        stepTo(now + 1);
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        stepTo(now - 1);
+        break;
+    case Qt::Key_PageUp:
+        stepTo(now + page);
+        break;
+    case Qt::Key_PageDown:
+        stepTo(now - page);
+        break;
+    case Qt::Key_Home:
+        stepTo(mMinimum);
+        break;
+    case Qt::Key_End:
+        stepTo(mMaximum);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+void Ta_ColorComponentSelector::wheelEvent(QWheelEvent *event)
+{
+    // Only a focused strip turns with the wheel; otherwise whatever holds it scrolls.
+    const int notches = event->angleDelta().y() / 120;
+    if (!hasFocus() || notches == 0) {
+        event->ignore();
+        return;
+    }
+    stepTo(shownValue() + notches);
+    event->accept();
 }
 
 QSize Ta_ColorComponentSelector::sizeHint() const
@@ -77,6 +205,11 @@ int Ta_ColorComponentSelector::shownValue() const
     return mIntValue ? *mIntValue : int(*mDoubleValue);
 }
 
+int Ta_ColorComponentSelector::lineValue(int i, bool horizontal) const
+{
+    return horizontal ? x2val(i) : y2val(i);
+}
+
 // Kept on purpose: the minimum takes no part in y2val, unlike x2val, so a vertical Lab a or b
 // strip runs from 0 to the maximum inside its margins.
 int Ta_ColorComponentSelector::x2val(int x) const
@@ -109,12 +242,23 @@ int Ta_ColorComponentSelector::val2y(int v) const
 
 void Ta_ColorComponentSelector::mousePressEvent(QMouseEvent *event)
 {
-    setVal(mOrientation == kOrientationVertical ? y2val(event->y()) : x2val(event->x()));
+    // Only the left button moves the strip; the others stay free for menus.
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
+        mOrientation != kOrientationVertical));
 }
 
 void Ta_ColorComponentSelector::mouseMoveEvent(QMouseEvent *event)
 {
-    setVal(mOrientation == kOrientationVertical ? y2val(event->y()) : x2val(event->x()));
+    if (!(event->buttons() & Qt::LeftButton)) {
+        event->ignore();
+        return;
+    }
+    setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
+        mOrientation != kOrientationVertical));
 }
 
 void Ta_ColorComponentSelector::setVal(int v)
@@ -128,6 +272,10 @@ void Ta_ColorComponentSelector::setVal(int v)
     mImage = QImage();
     repaint();
     SynchronizeComponents();
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent changed(this, shownValue());
+        QAccessible::updateAccessibility(&changed);
+    }
     const bool wasBusy = mBusy;
     mBusy = true;
     emit valueChanged(v);
@@ -157,6 +305,8 @@ QColor Ta_ColorComponentSelector::CalcColor(int value) const
     case kCmykMagenta:
     case kCmykYellow:
     case kCmykKey: {
+        // kept on purpose: the strip is painted with the plain formula even with a matcher,
+        // so with colour management the strip and the colour it gives may differ slightly.
         int cmyk[4] = { mC, mM, mY, mK };
         cmyk[mComponent - kCmykCyan] = value;
         int r, g, b;
@@ -188,16 +338,7 @@ void Ta_ColorComponentSelector::paintEvent(QPaintEvent *)
         mImage = QImage(strip.size(), QImage::Format_RGB32);
         const int lines = horizontal ? strip.width() : strip.height();
         for (int i = 4; i < lines + 4; ++i) {
-            int value;
-            if (horizontal)
-                value = i < 5 ? mMinimum
-                    : i >= width() - 4 ? mMaximum
-                                       : (mMaximum - mMinimum) * (i - 4) / (width() - 9) + mMinimum;
-            else
-                value = i < 5 ? mMaximum
-                    : i >= height() - 4 ? mMinimum
-                                        : mMaximum - (i - 4) * mMaximum / (height() - 9);
-            const QRgb color = CalcColor(value).rgb();
+            const QRgb color = CalcColor(lineValue(i, horizontal)).rgb();
             if (horizontal) {
                 for (int y = 0; y < mImage.height(); ++y)
                     mImage.setPixel(i - 4, y, color);
@@ -228,33 +369,41 @@ void Ta_ColorComponentSelector::paintEvent(QPaintEvent *)
     painter.drawPolygon(marker);
 }
 
+// decided: with a matcher set, CMYK goes through it both ways, so that a colour round-trips.
+void Ta_ColorComponentSelector::toCmyk(int r, int g, int b, int &c, int &m, int &y, int &k) const
+{
+    if (mColorMatcher)
+        mColorMatcher->rgbToCmyk(r, g, b, c, m, y, k);
+    else
+        rgb2cmyk(r, g, b, c, m, y, k);
+}
+
+void Ta_ColorComponentSelector::fromCmyk(int c, int m, int y, int k, int &r, int &g, int &b) const
+{
+    if (mColorMatcher)
+        mColorMatcher->cmykToRgb(c, m, y, k, r, g, b);
+    else
+        cmyk2rgb(c, m, y, k, r, g, b);
+}
+
 void Ta_ColorComponentSelector::SynchronizeComponents()
 {
     const TavoLib::ColorMatcher *matcher = mColorMatcher.get();
-    const auto toCmyk = [&] {
-        if (matcher)
-            matcher->rgbToCmyk(mR, mG, mB, mC, mM, mY, mK);
-        else
-            rgb2cmyk(mR, mG, mB, mC, mM, mY, mK);
-    };
     switch (mColorType) {
     case HSV:
         hsv2rgb(mH, mS, mV, mR, mG, mB);
         if (matcher)
             matcher->rgbToLab(mR, mG, mB, mL, mA, mLabB);
-        toCmyk();
+        toCmyk(mR, mG, mB, mC, mM, mY, mK);
         break;
     case RGB:
         rgb2hsv(mR, mG, mB, mH, mS, mV);
-        toCmyk();
+        toCmyk(mR, mG, mB, mC, mM, mY, mK);
         if (matcher)
             matcher->rgbToLab(mR, mG, mB, mL, mA, mLabB);
         break;
     case CMYK:
-        if (matcher)
-            matcher->cmykToRgb(mC, mM, mY, mK, mR, mG, mB);
-        else
-            cmyk2rgb(mC, mM, mY, mK, mR, mG, mB);
+        fromCmyk(mC, mM, mY, mK, mR, mG, mB);
         rgb2hsv(mR, mG, mB, mH, mS, mV);
         if (matcher)
             matcher->cmykToLab(mC, mM, mY, mK, mL, mA, mLabB);
@@ -284,14 +433,17 @@ void Ta_ColorComponentSelector::storeRgb(int r, int g, int b)
         mB = b;
         break;
     case CMYK:
-        if (mColorMatcher)
-            mColorMatcher->rgbToCmyk(r, g, b, mC, mM, mY, mK);
-        else
-            rgb2cmyk(r, g, b, mC, mM, mY, mK);
+        toCmyk(r, g, b, mC, mM, mY, mK);
         break;
     case Lab:
-        if (mColorMatcher)
+        // Without a matcher the colour is kept in RGB, for Lab to come from once one is set.
+        if (mColorMatcher) {
             mColorMatcher->rgbToLab(r, g, b, mL, mA, mLabB);
+        } else {
+            mR = r;
+            mG = g;
+            mB = b;
+        }
         break;
     }
 }
@@ -341,10 +493,7 @@ void Ta_ColorComponentSelector::SetCmyk(int c, int m, int y, int k)
             mColorMatcher->cmykToLab(c, m, y, k, mL, mA, mLabB);
     } else {
         int r, g, b;
-        if (mColorMatcher)
-            mColorMatcher->cmykToRgb(c, m, y, k, r, g, b);
-        else
-            cmyk2rgb(c, m, y, k, r, g, b);
+        fromCmyk(c, m, y, k, r, g, b);
         storeRgb(r, g, b);
     }
     refresh();

@@ -5,6 +5,11 @@
 // with the other components held, and a triangle marks the current value. The colour is kept
 // in all four models at once; a change by the user announces it in all of them, a colour set
 // from outside announces nothing. Lab needs a ColorMatcher; without one Lab stays as it was.
+//
+// It is a slider for the keyboard too: arrows step by one, Page Up and Page Down by a tenth
+// of the range, Home and End go to the ends, and the wheel turns it while it has the focus.
+// Only the left button moves it. Assistive technology sees a slider named after its
+// component (or after its accessibleName, when the host gives one).
 #include "core/ColorMatcher.h"
 #include "style/TavoLibGuiExport.h"
 
@@ -46,6 +51,14 @@ public:
 
     QSize sizeHint() const override;
 
+    // The component's range and its value now (Lab truncated), and its translated name.
+    int minimum() const { return mMinimum; }
+    int maximum() const { return mMaximum; }
+    int value() const;
+    QString componentName() const;
+    // Moves to `v`, kept within the range, as the user would: a change is announced.
+    void stepTo(int v);
+
 signals:
     void valueChanged(int v);
     void hsvChanged(int h, int s, int v);
@@ -71,6 +84,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     QColor CalcColor(int value) const;
@@ -82,6 +97,11 @@ private:
     int y2val(int y) const;
     // The component shown, as an integer (Lab truncated).
     int shownValue() const;
+    // The value at pixel line `i` along the strip.
+    int lineValue(int i, bool horizontal) const;
+    // CMYK through the matcher when there is one, else through the plain formulas.
+    void toCmyk(int r, int g, int b, int &c, int &m, int &y, int &k) const;
+    void fromCmyk(int c, int m, int y, int k, int &r, int &g, int &b) const;
     // Stores an RGB colour in the master model.
     void storeRgb(int r, int g, int b);
     void refresh();

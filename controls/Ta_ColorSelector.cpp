@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -15,49 +16,78 @@ using Strip = Ta_ColorComponentSelector;
 
 namespace {
 
-struct Component
-{
-    const char *name;
-    Strip::ColorComponentType type;
-    int minimum;
-    int maximum;
-};
-
-QList<Component> componentsOf(Strip::ColorType model)
+QList<Strip::ColorComponentType> componentsOf(Strip::ColorType model)
 {
     switch (model) {
     case Strip::HSV:
-        return { { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Hue"), Strip::kHsvHue, 0, 359 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Saturation"), Strip::kHsvSaturation, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Value"), Strip::kHsvValue, 0, 255 } };
+        return { Strip::kHsvHue, Strip::kHsvSaturation, Strip::kHsvValue };
     case Strip::RGB:
-        return { { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Red"), Strip::kRgbRed, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Green"), Strip::kRgbGreen, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Blue"), Strip::kRgbBlue, 0, 255 } };
+        return { Strip::kRgbRed, Strip::kRgbGreen, Strip::kRgbBlue };
     case Strip::CMYK:
-        return { { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Cyan"), Strip::kCmykCyan, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Magenta"), Strip::kCmykMagenta, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Yellow"), Strip::kCmykYellow, 0, 255 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "Black"), Strip::kCmykKey, 0, 255 } };
+        return { Strip::kCmykCyan, Strip::kCmykMagenta, Strip::kCmykYellow, Strip::kCmykKey };
     case Strip::Lab:
-        return { { QT_TRANSLATE_NOOP("Ta_ColorSelector", "L"), Strip::kLabL, 0, 100 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "a"), Strip::kLabA, -128, 127 },
-                 { QT_TRANSLATE_NOOP("Ta_ColorSelector", "b"), Strip::kLabB, -128, 127 } };
+        return { Strip::kLabL, Strip::kLabA, Strip::kLabB };
     }
     return {};
 }
 
-// The component's number in the strip's colour.
+// The first component of each model, to index a model's numbers by component.
+Strip::ColorComponentType firstOf(Strip::ColorType model)
+{
+    return componentsOf(model).first();
+}
+
+// The colour of `from` set into `to` in the numbers of `model`, with `component` (of that
+// model) replaced by `value` unless it is -1: so that a hue survives grey, and Lab its doubles.
+void carry(const Strip *from, Strip *to, Strip::ColorType model, int component = -1, int value = 0)
+{
+    const int at = component - firstOf(model);
+    int n[4];
+    switch (model) {
+    case Strip::HSV:
+        from->GetHsv(n[0], n[1], n[2]);
+        if (component >= 0)
+            n[at] = value;
+        to->SetHsv(n[0], n[1], n[2]);
+        break;
+    case Strip::RGB:
+        from->GetRgb(n[0], n[1], n[2]);
+        if (component >= 0)
+            n[at] = value;
+        to->SetRgb(n[0], n[1], n[2]);
+        break;
+    case Strip::CMYK:
+        from->GetCmyk(n[0], n[1], n[2], n[3]);
+        if (component >= 0)
+            n[at] = value;
+        to->SetCmyk(n[0], n[1], n[2], n[3]);
+        break;
+    case Strip::Lab: {
+        double d[3];
+        from->GetLab(d[0], d[1], d[2]);
+        if (component >= 0)
+            d[at] = value;
+        to->SetLab(d[0], d[1], d[2]);
+        break;
+    }
+    }
+}
+
+// The component's number as its spin box shows it (Lab rounded).
 int componentValue(const Strip *strip)
 {
-    int h, s, v, r, g, b, c, m, y, k;
-    double l, la, lb;
-    strip->GetHsv(h, s, v);
+    if (strip->getColorType() != Strip::Lab)
+        return strip->value();
+    double d[3];
+    strip->GetLab(d[0], d[1], d[2]);
+    return qRound(d[strip->getColorComponentType() - Strip::kLabL]);
+}
+
+QColor rgbOf(const Strip *strip)
+{
+    int r, g, b;
     strip->GetRgb(r, g, b);
-    strip->GetCmyk(c, m, y, k);
-    strip->GetLab(l, la, lb);
-    const int values[] = { h, s, v, r, g, b, c, m, y, k, qRound(l), qRound(la), qRound(lb) };
-    return values[strip->getColorComponentType()];
+    return QColor(r, g, b);
 }
 
 void setSwatch(QLabel *swatch, const QColor &color)
@@ -72,6 +102,7 @@ Ta_ColorSelector::Ta_ColorSelector(QWidget *parent) : QWidget(parent), mMatcher(
     auto *layout = new QVBoxLayout(this);
     mModelCombo = new QComboBox;
     mModelCombo->addItems({ tr("HSV"), tr("RGB"), tr("CMYK"), tr("Lab") });
+    mModelCombo->setAccessibleName(tr("Colour model"));
     layout->addWidget(mModelCombo, 0, Qt::AlignLeft);
     mRows = new QGridLayout;
     mRows->setColumnStretch(1, 1);
@@ -88,6 +119,8 @@ Ta_ColorSelector::Ta_ColorSelector(QWidget *parent) : QWidget(parent), mMatcher(
     mHex = new QLineEdit;
     mHex->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("#?[0-9A-Fa-f]{0,6}")), mHex));
     mHex->setMaximumWidth(qRound(TavoLib::Device::scale(90)));
+    mHex->setToolTip(tr("Colour as #rrggbb"));
+    mHex->setAccessibleName(tr("Hexadecimal colour"));
     bottom->addWidget(mOldSwatch);
     bottom->addWidget(mNewSwatch);
     bottom->addSpacing(qRound(TavoLib::Device::scale(8)));
@@ -115,14 +148,37 @@ void Ta_ColorSelector::setColorMatcher(TAutoPtr<TavoLib::ColorMatcher> matcher)
     mMatcher = matcher ? matcher : TAutoPtr<TavoLib::ColorMatcher>(new TavoLib::ColorMatcher);
     for (Strip *strip : mStrips)
         strip->setColorMatcher(mMatcher);
-    showColor(mColor, nullptr);
+    showColor(nullptr);
 }
 
 void Ta_ColorSelector::setColor(const QColor &color)
 {
-    mOldColor = color.isValid() ? color.toRgb() : QColor(Qt::black);
-    setSwatch(mOldSwatch, mOldColor);
-    showColor(mOldColor, nullptr);
+    const QColor given = color.isValid() ? color : QColor(Qt::black);
+    for (Strip *strip : mStrips) {
+        if (given.spec() == QColor::Cmyk)
+            strip->SetCmyk(given.cyan(), given.magenta(), given.yellow(), given.black());
+        else if (given.spec() == QColor::Hsv)
+            strip->SetHsv(qMax(0, given.hsvHue()), given.hsvSaturation(), given.value());
+        else
+            strip->SetRgb(given.red(), given.green(), given.blue());
+    }
+    mOldColor = given.spec() == QColor::Cmyk || given.spec() == QColor::Hsv ? given : given.toRgb();
+    setSwatch(mOldSwatch, mOldColor.toRgb());
+    showColor(nullptr);
+}
+
+void Ta_ColorSelector::setLab(double l, double a, double b)
+{
+    for (Strip *strip : mStrips)
+        strip->SetLab(l, a, b);
+    showColor(nullptr);
+    mOldColor = mColor;
+    setSwatch(mOldSwatch, rgbOf(mStrips.first()));
+}
+
+void Ta_ColorSelector::lab(double &l, double &a, double &b) const
+{
+    mStrips.first()->GetLab(l, a, b);
 }
 
 void Ta_ColorSelector::setModel(Model model)
@@ -135,11 +191,12 @@ void Ta_ColorSelector::setModel(Model model)
         mModelCombo->setCurrentIndex(int(model));
     }
     buildRows();
-    showColor(mColor, nullptr);
+    showColor(nullptr);
 }
 
 void Ta_ColorSelector::buildRows()
 {
+    const QList<Strip *> oldStrips = mStrips;
     QList<QWidget *> old;
     for (Strip *w : mStrips)
         old << w;
@@ -147,59 +204,54 @@ void Ta_ColorSelector::buildRows()
         old << w;
     for (QLabel *w : mLabels)
         old << w;
-    qDeleteAll(old);
     mStrips.clear();
     mNumbers.clear();
     mLabels.clear();
+    for (QWidget *w : old) {
+        mRows->removeWidget(w);
+        w->hide();
+    }
     int row = 0;
-    for (const Component &c : componentsOf(mModel)) {
-        auto *label = new QLabel(tr(c.name));
+    QWidget *previous = mModelCombo;
+    for (const Strip::ColorComponentType type : componentsOf(mModel)) {
         auto *strip = new Strip;
         strip->setColorMatcher(mMatcher);
-        strip->setColorComponentType(c.type);
+        strip->setColorComponentType(type);
+        auto *label = new QLabel(strip->componentName());
         auto *number = new QSpinBox;
-        number->setRange(c.minimum, c.maximum);
+        number->setRange(strip->minimum(), strip->maximum());
+        number->setAccessibleName(strip->componentName());
+        label->setBuddy(number);
         mRows->addWidget(label, row, 0);
         mRows->addWidget(strip, row, 1);
         mRows->addWidget(number, row++, 2);
         mLabels << label;
         mStrips << strip;
         mNumbers << number;
+        // The colour in the new model's own numbers, taken from the old rows.
+        if (!oldStrips.isEmpty())
+            carry(oldStrips.first(), strip, mModel);
+        setTabOrder(previous, strip);
+        setTabOrder(strip, number);
+        previous = number;
         connect(strip, &Strip::rgbChanged, this, [this, strip] { takeFrom(strip); });
-        connect(number, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, strip, c](int value) {
-            if (mUpdating)
-                return;
-            // The number stands for the strip's component: set the model's colour with it.
-            int h, s, v, cy, m, y, k;
-            double l, a, b;
-            strip->GetHsv(h, s, v);
-            strip->GetCmyk(cy, m, y, k);
-            strip->GetLab(l, a, b);
-            int rgb[3];
-            strip->GetRgb(rgb[0], rgb[1], rgb[2]);
-            switch (c.type) {
-            case Strip::kHsvHue: h = value; break;
-            case Strip::kHsvSaturation: s = value; break;
-            case Strip::kHsvValue: v = value; break;
-            case Strip::kRgbRed: rgb[0] = value; break;
-            case Strip::kRgbGreen: rgb[1] = value; break;
-            case Strip::kRgbBlue: rgb[2] = value; break;
-            case Strip::kCmykCyan: cy = value; break;
-            case Strip::kCmykMagenta: m = value; break;
-            case Strip::kCmykYellow: y = value; break;
-            case Strip::kCmykKey: k = value; break;
-            case Strip::kLabL: l = value; break;
-            case Strip::kLabA: a = value; break;
-            case Strip::kLabB: b = value; break;
-            }
-            switch (mModel) {
-            case Strip::HSV: strip->SetHsv(h, s, v); break;
-            case Strip::RGB: strip->SetRgb(rgb[0], rgb[1], rgb[2]); break;
-            case Strip::CMYK: strip->SetCmyk(cy, m, y, k); break;
-            case Strip::Lab: strip->SetLab(l, a, b); break;
-            }
-            takeFrom(strip);
-        });
+        connect(number, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            [this, strip, type](int value) {
+                // A row of another model waits for deletion: its numbers say nothing now.
+                if (mUpdating || strip->getColorType() != mModel)
+                    return;
+                carry(strip, strip, mModel, type, value);
+                takeFrom(strip);
+            });
+    }
+    setTabOrder(previous, mHex);
+    // A row may be the caller of the host's handler that changed the model: its code is still
+    // running, so the old rows go when control is back in the event loop.
+    if (mCallingOut > 0) {
+        for (QWidget *w : old)
+            w->deleteLater();
+    } else {
+        qDeleteAll(old);
     }
 }
 
@@ -207,57 +259,63 @@ void Ta_ColorSelector::takeFrom(Strip *strip)
 {
     if (mUpdating)
         return;
-    int r, g, b;
-    strip->GetRgb(r, g, b);
     // The other strips take the colour in the model itself, so that a hue survives grey.
     mUpdating = true;
     for (Strip *other : mStrips) {
-        if (other == strip)
-            continue;
-        int h, s, v, c, m, y, k;
-        double l, a, bb;
-        strip->GetHsv(h, s, v);
-        strip->GetCmyk(c, m, y, k);
-        strip->GetLab(l, a, bb);
-        switch (mModel) {
-        case Strip::HSV: other->SetHsv(h, s, v); break;
-        case Strip::RGB: other->SetRgb(r, g, b); break;
-        case Strip::CMYK: other->SetCmyk(c, m, y, k); break;
-        case Strip::Lab: other->SetLab(l, a, bb); break;
-        }
+        if (other != strip)
+            carry(strip, other, mModel);
     }
     mUpdating = false;
-    showColor(QColor(r, g, b), strip);
-    emit colorChanged(mColor);
+    showColor(strip);
+    announce();
 }
 
-void Ta_ColorSelector::showColor(const QColor &color, Strip *except)
+void Ta_ColorSelector::announce()
 {
-    mColor = color;
-    mUpdating = true;
-    for (int i = 0; i < mStrips.size(); ++i) {
-        if (!except)
-            mStrips[i]->SetRgb(color.red(), color.green(), color.blue());
-        mNumbers[i]->setValue(componentValue(mStrips[i]));
+    const QPointer<Ta_ColorSelector> alive(this);
+    ++mCallingOut;
+    emit colorChanged(mColor);
+    if (alive)
+        --mCallingOut;
+}
+
+void Ta_ColorSelector::showColor(Strip *source)
+{
+    const Strip *from = source ? source : mStrips.first();
+    const QColor rgb = rgbOf(from);
+    if (mModel == Strip::CMYK) {
+        int c, m, y, k;
+        from->GetCmyk(c, m, y, k);
+        mColor = QColor::fromCmyk(c, m, y, k);
+    } else {
+        mColor = rgb;
     }
+    mUpdating = true;
+    for (int i = 0; i < mStrips.size(); ++i)
+        mNumbers[i]->setValue(componentValue(mStrips[i]));
     mUpdating = false;
-    setSwatch(mNewSwatch, mColor);
-    if (!mHex->hasFocus())
-        mHex->setText(mColor.name());
+    setSwatch(mNewSwatch, rgb);
+    // What the user is typing stays; anything else shows the colour now.
+    if (!mHex->isModified())
+        mHex->setText(rgb.name());
 }
 
 void Ta_ColorSelector::hexEdited()
 {
+    // editingFinished comes at every focus out: only a text the user changed is applied.
+    if (!mHex->isModified())
+        return;
     QString text = mHex->text().trimmed();
     if (!text.startsWith(QLatin1Char('#')))
         text.prepend(QLatin1Char('#'));
     const QColor typed(text);
-    if (!typed.isValid() || text.size() != 7) {
-        mHex->setText(mColor.name());
+    mHex->setModified(false);
+    if (!typed.isValid() || text.size() != 7 || typed == rgbOf(mStrips.first())) {
+        mHex->setText(rgbOf(mStrips.first()).name());
         return;
     }
-    if (typed == mColor)
-        return;
-    showColor(typed, nullptr);
-    emit colorChanged(mColor);
+    for (Strip *strip : mStrips)
+        strip->SetRgb(typed.red(), typed.green(), typed.blue());
+    showColor(nullptr);
+    announce();
 }

@@ -65,6 +65,35 @@ const CodecNameMapEntry kCodecs[] = {
     { "TIS-620", "TIS-620 - Thai" },
 };
 
+// Stored edges and sizes beyond this many pixels are taken as damage.
+const int kLimit = 1 << 20;
+
+// Applies the stored sizes of every splitter below `dialog`, by object name; whether any
+// splitter took sizes.
+bool restoreSplitters(QDialog &dialog, const QVariant &stored)
+{
+    if (stored.userType() != QMetaType::QVariantMap)
+        return false;
+    const QVariantMap splitters = stored.toMap();
+    bool applied = false;
+    for (QSplitter *splitter : dialog.findChildren<QSplitter *>()) {
+        const QVariant entry = splitters.value(splitter->objectName());
+        if (entry.userType() != QMetaType::QVariantList)
+            continue;
+        const QVariantList list = entry.toList();
+        // decided: a longer list is applied (the splitter ignores the extra sizes); a shorter
+        // one is refused, since the splitter would give its newer panes no room.
+        if (list.size() < splitter->count())
+            continue;
+        QList<int> sizes;
+        for (int i = 0; i < splitter->count(); ++i)
+            sizes << qBound(0, list.at(i).toInt(), kLimit);
+        splitter->setSizes(sizes);
+        applied = true;
+    }
+    return applied;
+}
+
 QString groupFor(const QDialog &dialog, const QString &key)
 {
     return QStringLiteral("Dialogs/")
@@ -104,38 +133,27 @@ bool DialogUtilities::restoreGeometry(QDialog &dialog, const QString &key)
     // A value that is not a rectangle, or one of an absurd size, counts as no rectangle.
     const QVariant stored = settings.value(QStringLiteral("Geometry"), QRect());
     QRect rect = stored.userType() == QMetaType::QRect ? stored.toRect() : QRect();
-    const int limit = 1 << 20;
     // The edges are checked one by one: a width or height of extreme edges does not fit an int.
     for (int edge : { rect.left(), rect.top(), rect.right(), rect.bottom() })
-        if (edge < -limit || edge > limit)
+        if (edge < -kLimit || edge > kLimit)
             rect = QRect();
-    Ta_WidgetGeometry geometry(-1);
-    const QRect available = geometry.availableGeometry();
-    const QPoint centred((available.width() - rect.width()) / 2 + available.left(),
-                         (available.height() - rect.height()) / 2 + available.top());
-    const QRect fitted = geometry.ValidateWindowGeometry(rect, rect.size(), centred, true, true);
-    if (fitted.isValid())
-        dialog.setGeometry(fitted);
-
-    const QVariant storedSplitters = settings.value(QStringLiteral("Splitter"), QVariantMap());
-    const QVariantMap splitters = storedSplitters.userType() == QMetaType::QVariantMap ? storedSplitters.toMap()
-                                                                                       : QVariantMap();
-    if (!splitters.isEmpty()) {
-        for (QSplitter *splitter : dialog.findChildren<QSplitter *>()) {
-            const QVariant entry = splitters.value(splitter->objectName());
-            if (entry.userType() != QMetaType::QVariantList)
-                continue;
-            const QVariantList list = entry.toList();
-            // More sizes than the splitter has widgets are of no use to it.
-            if (list.size() > splitter->count())
-                continue;
-            QList<int> sizes;
-            for (const QVariant &size : list)
-                sizes << qBound(0, size.toInt(), limit);
-            splitter->setSizes(sizes);
+    bool applied = false;
+    if (rect.isValid()) {
+        Ta_WidgetGeometry geometry(-1);
+        const QRect available = geometry.availableGeometry();
+        const QPoint centred((available.width() - rect.width()) / 2 + available.left(),
+            (available.height() - rect.height()) / 2 + available.top());
+        const QRect fitted
+            = geometry.ValidateWindowGeometry(rect, rect.size(), centred, true, true);
+        if (fitted.isValid()) {
+            dialog.setGeometry(fitted);
+            applied = true;
         }
     }
-    return true;
+    // decided: true only when something of the record was applied, so that a host can place
+    // the dialog itself otherwise.
+    return restoreSplitters(dialog, settings.value(QStringLiteral("Splitter"), QVariantMap()))
+        || applied;
 }
 
 QRect DialogUtilities::validateGeometry(const QRect &rect, const QSize &size, const QPoint &position,

@@ -22,7 +22,9 @@ public:
 
     // Stores the dialog's geometry and the sizes of every splitter below it, by object name.
     static void storeGeometry(const QDialog &dialog, const QString &key);
-    // Applies a stored record, fitted onto today's screens; false when there is none.
+    // Applies a stored record, fitted onto today's screens; true only when something of it
+    // (the rectangle or a splitter's sizes) was applied. A stored list longer than a
+    // splitter's panes gives their sizes; a shorter one is not used.
     static bool restoreGeometry(QDialog &dialog, const QString &key);
     // `rect` unchanged when any screen's available area holds its top left or top right
     // corner; otherwise a rectangle of `size` at `position` on the primary screen.

@@ -13,9 +13,10 @@ QString ProgressBar::text() const
     return QString();
 }
 
-void ProgressBar::moveTo(int target)
+void ProgressBar::moveTo(qint64 wanted)
 {
-    if (target != mPosition && target >= minimum() && target <= maximum()) {
+    if (wanted != mPosition && wanted >= minimum() && wanted <= maximum()) {
+        const int target = int(wanted);
         mPosition = target;
         // QProgressBar::setValue measures the bar through the style on every call. A move
         // within one two-thousandth of the range shows no other fill, so the bar catches up
@@ -41,12 +42,20 @@ void ProgressBar::setProgressRange(int first, int last)
 
 void ProgressBar::setProgressValue(int value)
 {
-    moveTo(value == -1 ? mPosition + 1 : value);
+    // In 64 bits, so that one further than INT_MAX is out of range, not a wrap.
+    moveTo(value == -1 ? qint64(mPosition) + 1 : value);
 }
 
 void ProgressBar::finish()
 {
-    moveTo(maximum() == -1 ? mPosition + 1 : maximum());
+    moveTo(maximum() == -1 ? qint64(mPosition) + 1 : maximum());
+    flush();
     reset();
     mPosition = QProgressBar::value();
+}
+
+void ProgressBar::flush()
+{
+    if (QProgressBar::value() != mPosition && mPosition >= minimum() && mPosition <= maximum())
+        QProgressBar::setValue(mPosition);
 }

@@ -19,16 +19,18 @@ public:
     void setProgressValue(int value);
     void finish();
     void tick() { mBusy = true; }
+    // Hands a deferred position to QProgressBar; the dialog calls it at every pump that runs.
+    void flush();
 
-    // The position last set; the painted bar may trail it by less than a two-thousandth
-    // of the range.
+    // The position last set; between two pumps QProgressBar's value may trail it by less than
+    // a two-thousandth of the range.
     int position() const { return mPosition; }
     bool isBusy() const { return mBusy; }
     bool isStoppable() const { return mStoppable; }
     void setStoppable(bool stoppable) { mStoppable = stoppable; }
 
 private:
-    void moveTo(int value);
+    void moveTo(qint64 value);
 
     int mPosition = 0;
     bool mBusy = true;

@@ -7,6 +7,7 @@
 #include "dialogs/ProgressSection.h"
 #include "style/Device.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QVBoxLayout>
 #include <QVariant>
 #include <algorithm>
+#include <climits>
 
 using TavoLib::Device;
 
@@ -29,7 +31,9 @@ const int kStopPixmap = int(0xF0000002u);
 
 ProgressDialog::ProgressDialog(QWidget *parent)
 {
-    if (QCoreApplication::instance())
+    // decided: a console host (a QCoreApplication, not a QApplication) can make no widget and
+    // gets an empty handle.
+    if (qobject_cast<QApplication *>(QCoreApplication::instance()))
         mInternals = new ProgressDialogInternals(this, parent);
 }
 
@@ -101,15 +105,41 @@ ProgressDialogInternals::~ProgressDialogInternals()
 {
     if (mOwner)
         mOwner->mInternals = nullptr;
+    detachAll();
+}
+
+void ProgressDialogInternals::detachAll()
+{
     while (!mSections.empty())
         RemoveProgress(mSections.back(), true);
 }
 
 void ProgressDialogInternals::closeAll()
 {
-    while (!mSections.empty())
-        RemoveProgress(mSections.back(), true);
+    detachAll();
     close();
+}
+
+void ProgressDialogInternals::reject()
+{
+    // decided: Escape and a window close are the stop button; the dialog stays until the
+    // job has heard of it and its sections are gone.
+    if (mSections.empty()) {
+        DialogBase::reject();
+        return;
+    }
+    for (ProgressSection *section : mSections) {
+        if (section->mStopButton && section->mStopEnabled)
+            section->mStopped = true;
+    }
+}
+
+ProgressLabel *ProgressDialogInternals::addLabel(QWidget *frame, QVBoxLayout *texts)
+{
+    auto *label = new ProgressLabel(frame);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    texts->addWidget(label);
+    return label;
 }
 
 TAutoPtr<Progress> ProgressDialogInternals::newProgress(int flags)
@@ -126,14 +156,10 @@ TAutoPtr<Progress> ProgressDialogInternals::newProgress(int flags)
     }
     if (flags & ProgressDialog::MainText) {
         auto *texts = new QVBoxLayout;
-        section->mLabel = new ProgressLabel(section->mFrame);
-        section->mLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        texts->addWidget(section->mLabel);
+        section->mLabel = addLabel(section->mFrame, texts);
         if (flags & ProgressDialog::DetailText) {
-            section->mDetailLabel = new ProgressLabel(section->mFrame);
-            section->mDetailLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            section->mDetailLabel = addLabel(section->mFrame, texts);
             section->mDetailLabel->setFont(section->mLabel->font());
-            texts->addWidget(section->mDetailLabel);
         }
         frameLayout->addLayout(texts);
     }
@@ -145,6 +171,10 @@ TAutoPtr<Progress> ProgressDialogInternals::newProgress(int flags)
     if (flags & ProgressDialog::StopButton) {
         section->mStopButton = new QToolButton(section->mFrame);
         section->mStopButton->setIcon(style()->standardIcon(QStyle::StandardPixmap(kStopPixmap)));
+        // Shown when the style has no stop picture, so that the button is never blank.
+        section->mStopButton->setText(tr("Stop"));
+        section->mStopButton->setToolTip(tr("Stop"));
+        section->mStopButton->setAccessibleName(tr("Stop"));
         section->mStopButton->setIconSize(Device::unscaledSize(Device::SizeType3));
         section->mStopButton->setProperty("NOFRAME", true);
         row->addWidget(section->mStopButton);
@@ -159,19 +189,25 @@ TAutoPtr<Progress> ProgressDialogInternals::newProgress(int flags)
         section->mStopEnabled = mStopEnabled;
     }
     TAutoPtr<Progress> result(section);
-    pump();
+    // In the list before the pump: should the dialog go there, it detaches this section too.
     mSections.push_back(section);
+    pump();
     return result;
 }
 
-void ProgressDialogInternals::pump(bool mayThrow)
+bool ProgressDialogInternals::pump(bool mayThrow)
 {
     if (sPumping)
-        return;
+        return true;
     sPumping = true;
     if (quint64(mClock.elapsed() - mLastPump) <= 500) {
         sPumping = false;
-        return;
+        return true;
+    }
+    // decided: the bars show their positions whenever anyone can look.
+    for (ProgressSection *section : mSections) {
+        if (section->mBar)
+            section->mBar->flush();
     }
     // The dialog may go while events are processed; the husks then forget it.
     QPointer<ProgressDialogInternals> alive(this);
@@ -179,7 +215,7 @@ void ProgressDialogInternals::pump(bool mayThrow)
         QCoreApplication::processEvents();
     if (!alive) {
         sPumping = false;
-        return;
+        return false;
     }
     mLastPump = mClock.elapsed();
     if (mayThrow) {
@@ -193,28 +229,32 @@ void ProgressDialogInternals::pump(bool mayThrow)
         }
     }
     sPumping = false;
+    return true;
 }
 
 void ProgressDialogInternals::RemoveProgress(ProgressSection *inProgress, bool closeMode)
 {
-    const auto it = std::find(mSections.begin(), mSections.end(), inProgress);
-    const bool found = it != mSections.end();
-    if (found && !closeMode) {
+    const auto found
+        = [this, inProgress] { return std::find(mSections.begin(), mSections.end(), inProgress); };
+    if (found() != mSections.end() && !closeMode) {
         // The bar's own finish: a section's finish would report, and a report may throw.
         if (inProgress->mBar)
             inProgress->mBar->finish();
         if (inProgress->mFrame)
             inProgress->mFrame->hide();
-        pump(false);
+        // A handler may delete the dialog or take the section out during the pump.
+        if (!pump(false))
+            return;
     }
-    if (found) {
+    const auto it = found();
+    if (it != mSections.end()) {
         inProgress->mFrame = nullptr;
         inProgress->mLabel = nullptr;
         inProgress->mDetailLabel = nullptr;
         inProgress->mBar = nullptr;
         inProgress->mStopButton = nullptr;
         inProgress->mImageLabel = nullptr;
-        mSections.erase(std::find(mSections.begin(), mSections.end(), inProgress));
+        mSections.erase(it);
     }
     if (mSections.empty() && !closeMode)
         close();
@@ -293,14 +333,22 @@ void ProgressSection::tick()
 
 void ProgressSection::setImage(const QImage &image)
 {
-    if (mImageLabel)
-        mImageLabel->setPixmap(QPixmap::fromImage(image));
+    if (mImageLabel) {
+        // A picture larger than its place is scaled down whole, never cut to its centre.
+        const QSize room = mImageLabel->contentsRect().size();
+        const bool fits = image.width() <= room.width() && image.height() <= room.height();
+        mImageLabel->setPixmap(QPixmap::fromImage(fits || room.isEmpty()
+                ? image
+                : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    }
     pump();
 }
 
 int ProgressSection::range() const
 {
-    return mBar ? mBar->maximum() - mBar->minimum() : 0;
+    if (!mBar)
+        return 0;
+    return int(qMin(qint64(mBar->maximum()) - mBar->minimum(), qint64(INT_MAX)));
 }
 
 int ProgressSection::value() const

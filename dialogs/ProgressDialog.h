@@ -6,7 +6,11 @@
 // the event queue, and a stop click is delivered there, to the job, as
 // Progress::CancelledException. The dialog closes when its last section goes.
 //
-// The handle is cheap; without a QCoreApplication it stays empty and every call does nothing.
+// Escape and a window close act as the stop button of every section that has one; the
+// dialog stays until the job has ended its sections.
+//
+// The handle is cheap; without a QApplication (no application at all, or a console host's
+// QCoreApplication) it stays empty and every call does nothing.
 #include "dialogs/Progress.h"
 
 class QWidget;

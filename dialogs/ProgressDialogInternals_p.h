@@ -7,9 +7,12 @@
 #include <QElapsedTimer>
 #include <deque>
 
+class ProgressLabel;
 class ProgressSection;
+class QVBoxLayout;
 
-class ProgressDialogInternals : public TavoLib::DialogBase
+// Exported for the library's own tests only; hosts never see this header.
+class TAVOLIBGUI_EXPORT ProgressDialogInternals : public TavoLib::DialogBase
 {
     Q_OBJECT
 public:
@@ -19,9 +22,13 @@ public:
     TAutoPtr<Progress> newProgress(int flags);
     // Processes events at most every 500 ms and delivers a stop as the exception; with
     // `mayThrow` false (from a destructor) a stop waits for the next report.
-    void pump(bool mayThrow = true);
+    // False when the dialog was deleted while events were processed: the caller returns at
+    // once, touching nothing of it.
+    bool pump(bool mayThrow = true);
     // Takes every section out and closes.
     void closeAll();
+    // Escape or a window close: a stop request to every section that can be stopped.
+    void reject() override;
 
     std::deque<ProgressSection *> mSections;
     bool mStopEnabled = true;
@@ -31,6 +38,10 @@ public:
     QElapsedTimer mClock;
     ProgressDialog *mOwner;
     bool mAllowEvents = true;
+
+private:
+    void detachAll();
+    static ProgressLabel *addLabel(QWidget *frame, QVBoxLayout *texts);
 
 public slots:
     void RemoveProgress(ProgressSection *inProgress, bool closeMode);

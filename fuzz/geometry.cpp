@@ -36,8 +36,11 @@ struct Reader
 QVariant makeValue(Reader &in, int depth)
 {
     switch (in.byte() % 8) {
-    case 0:
-        return QRect(in.number(), in.number(), in.number(), in.number());
+    case 0: {
+        // From its edges: any four numbers, without the overflow of left + width.
+        const int left = in.number(), top = in.number();
+        return QRect(QPoint(left, top), QPoint(in.number(), in.number()));
+    }
     case 1:
         return in.number();
     case 2:

@@ -1,10 +1,12 @@
 // Gallery page "Progress and dialogs": a progress dialog with two sections in the middle of
-// their jobs (labels, a picture, stop buttons), shown in the page, and the codec choice of the
-// dialog services.
+// their jobs (labels, a picture, stop buttons), shown in the page, the same dialog's stop button
+// under the library's own style (which has no stop picture, so the button shows its text), and
+// the codec choice of the dialog services.
 #include "GalleryPage.h"
 #include "dialogs/DialogUtilities.h"
 #include "dialogs/ProgressDialog.h"
 #include "style/Device.h"
+#include "style/GuiStyle.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -34,30 +36,34 @@ QImage previewImage()
     return image;
 }
 
-QWidget *makeProgressPage()
+// A progress dialog taken into a group of the page, so that it shows beside the other pieces;
+// with `style`, the dialog is made under that style.
+QGroupBox *jobsGroup(QWidget *page, const QString &title, QStyle *style, bool withPicture)
 {
-    auto *page = new QWidget;
-    auto *layout = new QHBoxLayout(page);
-
-    // The dialog of the jobs, taken into the page so that it shows beside the other pieces.
-    auto *jobs = new QGroupBox(QObject::tr("Progress dialog, mid-job"));
+    auto *jobs = new QGroupBox(title);
     auto *jobsLayout = new QVBoxLayout(jobs);
     auto *dialog = new ProgressDialog(jobs);
     dialog->setTitle(QObject::tr("Exporting"));
+    if (style)
+        static_cast<QWidget *>(*dialog)->setStyle(style);
     auto *sections = new QList<TAutoPtr<Progress>>;
-    TAutoPtr<Progress> pictures = dialog->newProgress(ProgressDialog::MainText | ProgressDialog::DetailText
-                                                      | ProgressDialog::StopButton | ProgressDialog::Image);
-    pictures->setText(QObject::tr("Placing pictures of the harbour guide, chapter 3, with a text far too long "
-                                  "for its line"));
-    pictures->setDetailText(QObject::tr("harbour-at-dawn.tif"));
-    pictures->setImage(previewImage());
-    pictures->setRange(0, 120);
-    pictures->setValue(47);
+    if (withPicture) {
+        TAutoPtr<Progress> pictures = dialog->newProgress(ProgressDialog::MainText
+            | ProgressDialog::DetailText | ProgressDialog::StopButton | ProgressDialog::Image);
+        pictures->setText(
+            QObject::tr("Placing pictures of the harbour guide, chapter 3, with a text far too "
+                        "long for its line"));
+        pictures->setDetailText(QObject::tr("harbour-at-dawn.tif"));
+        pictures->setImage(previewImage());
+        pictures->setRange(0, 120);
+        pictures->setValue(47);
+        *sections << pictures;
+    }
     TAutoPtr<Progress> pages = dialog->newProgress(ProgressDialog::MainText | ProgressDialog::StopButton);
     pages->setText(QObject::tr("Writing pages"));
     pages->setRange(0, 10);
     pages->setValue(8);
-    *sections << pictures << pages;
+    *sections << pages;
     QWidget *inner = *dialog;
     inner->setParent(jobs, Qt::Widget);
     jobsLayout->addWidget(inner);
@@ -66,7 +72,19 @@ QWidget *makeProgressPage()
         delete sections;
         delete dialog;
     });
-    layout->addWidget(jobs);
+    return jobs;
+}
+
+QWidget *makeProgressPage()
+{
+    auto *page = new QWidget;
+    auto *layout = new QHBoxLayout(page);
+    auto *column = new QVBoxLayout;
+    column->addWidget(jobsGroup(page, QObject::tr("Progress dialog, mid-job"), nullptr, true));
+    static TavoLib::GuiStyle *guiStyle = new TavoLib::GuiStyle;
+    column->addWidget(jobsGroup(page, QObject::tr("Under GuiStyle"), guiStyle, false));
+    column->addStretch(1);
+    layout->addLayout(column);
 
     auto *services = new QGroupBox(QObject::tr("Dialog services"));
     auto *form = new QFormLayout(services);

@@ -8,7 +8,9 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPointer>
 #include <QTest>
+#include <functional>
 
 using TavoLib::Point;
 
@@ -62,6 +64,18 @@ int inkInRect(const QImage &image, const QRect &rect)
         ink += inkInColumn(image, x, rect.top(), rect.bottom());
     return ink;
 }
+
+// Counts the paint events of a widget.
+struct PaintCounter : QObject
+{
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count;
+        return false;
+    }
+};
 
 } // namespace
 
@@ -163,6 +177,71 @@ private slots:
         QCOMPARE(inkInColumn(image, 20, 0, 18), 19); // 2 mm
         QCOMPARE(inkInColumn(image, 60, 0, 18), 19); // 3 mm
         QCOMPARE(inkInColumn(image, 40, 0, 18), 4);  // 2.5 mm
+    }
+
+    // Every setter of the widget repaints it, the orientation also re-lays it out, and its
+    // matrix stays the one of its zoom.
+    void widgetSettersRepaint()
+    {
+        RulerWidget ruler(RulerBase::Horizontal);
+        ruler.resize(300, 20);
+        ruler.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&ruler));
+        PaintCounter paints;
+        ruler.installEventFilter(&paints);
+        const auto repaints = [&](const std::function<void()> &set) {
+            QCoreApplication::processEvents();
+            const int before = paints.count;
+            set();
+            return QTest::qWaitFor([&] { return paints.count > before; }, 1000);
+        };
+        QVERIFY(repaints([&] { ruler.setColor(Qt::red); }));
+        QVERIFY(repaints([&] { ruler.setDirection(RulerBase::Mirrored); }));
+        QVERIFY(repaints([&] { ruler.setHorizontalUnit(CUnit::PT); }));
+        QVERIFY(repaints([&] { ruler.setVerticalUnit(CUnit::Inch); }));
+        QVERIFY(repaints([&] { ruler.setOrientation(RulerBase::Vertical); }));
+        QCOMPARE(ruler.sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(ruler.sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+
+        const QTransform own = ruler.matrix();
+        ruler.setMatrix(QTransform::fromScale(7, 7)); // refused: the zoom makes the matrix
+        QCOMPARE(ruler.matrix(), own);
+        ruler.setZoom(2.0);
+        QCOMPARE(ruler.matrix().m11(), own.m11() * 2.0);
+    }
+
+    // Run at 96, 144 and 192 dpi without Qt's own scaling: every numbered label ends before
+    // the next numbered tick, whatever the density.
+    void labelsClearOfTheNextTick()
+    {
+        RulerWidget ruler(RulerBase::Horizontal);
+        const double density = ruler.logicalDpiX() / 96.0;
+        ruler.resize(qRound(900 * density), ruler.sizeHint().height());
+        ruler.setUnit(CUnit::MM);
+        // Numbered steps of 37 pixels at 96 dpi, labels of four digits: at 192 dpi, a ruler in
+        // device pixels would keep its steps and double its labels.
+        ruler.setZoom(1.85 * 25.4 / 96.0);
+        ruler.setPages(3000, 1);
+        ruler.setOrigin(990);
+        QCOMPARE(ruler.pixelsPerMillimetre(), 1.85 * density);
+        QImage image(ruler.size(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        ruler.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+
+        const int rows = qRound(image.height() * 0.6);
+        QList<int> ticks; // the first column of every numbered tick
+        for (int x = 0; x < image.width(); ++x) {
+            if (inkInColumn(image, x, 0, rows) == rows + 1
+                && (ticks.isEmpty() || inkInColumn(image, x - 1, 0, rows) <= rows))
+                ticks << x;
+        }
+        QVERIFY(ticks.size() > 20);
+        for (int i = 1; i < ticks.size(); ++i) {
+            const int gap = ticks[i] - ticks[i - 1];
+            QVERIFY(inkInRect(image, QRect(ticks[i - 1] + 1, 0, gap / 2, rows)) > 0); // a label
+            QVERIFY2(inkInRect(image, QRect(ticks[i] - 2, 0, 2, rows)) == 0,
+                qPrintable(QString::number(ticks[i])));
+        }
     }
 };
 

@@ -5,8 +5,11 @@
 
 #include "controls/Ta_ColorComponentSelector.h"
 
+#include <QAccessible>
+#include <QAccessibleValueInterface>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 using Selector = Ta_ColorComponentSelector;
 
@@ -111,6 +114,88 @@ private slots:
         const QImage seen = l.selector.grab().toImage();
         QVERIFY(qGray(seen.pixel(6, 8)) < 60);
         QVERIFY(qGray(seen.pixel(262, 8)) > qGray(seen.pixel(134, 8)));
+    }
+
+    // A slider for the keyboard: arrows step by one, Page keys by a tenth of the range, Home
+    // and End go to the ends; the wheel only with the focus; only the left button moves it.
+    void keyboardWheelAndButtons()
+    {
+        Strip red(Selector::kRgbRed);
+        red.selector.SetRgb(100, 0, 0);
+        QSignalSpy values(&red.selector, &Selector::valueChanged);
+        const auto redNow = [&red] {
+            int r, g, b;
+            red.selector.GetRgb(r, g, b);
+            return r;
+        };
+        QTest::mouseClick(&red.selector, Qt::RightButton, {}, QPoint(266, 10));
+        QTest::mousePress(&red.selector, Qt::MiddleButton, {}, QPoint(10, 10));
+        QTest::mouseRelease(&red.selector, Qt::MiddleButton, {}, QPoint(10, 10));
+        QCOMPARE(redNow(), 100);
+        QVERIFY(red.selector.focusPolicy() & Qt::TabFocus);
+
+        QWheelEvent up(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(),
+            QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&red.selector, &up);
+        QCOMPARE(redNow(), 100); // not focused: the wheel goes to whatever holds the strip
+
+        red.selector.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&red.selector));
+        red.selector.setFocus();
+        QTest::keyClick(&red.selector, Qt::Key_Right);
+        QCOMPARE(redNow(), 101);
+        QCOMPARE(values.count(), 1);
+        QTest::keyClick(&red.selector, Qt::Key_Down);
+        QCOMPARE(redNow(), 100);
+        QTest::keyClick(&red.selector, Qt::Key_PageUp);
+        QCOMPARE(redNow(), 125);
+        QTest::keyClick(&red.selector, Qt::Key_End);
+        QCOMPARE(redNow(), 255);
+        QTest::keyClick(&red.selector, Qt::Key_Right); // at the end: nothing
+        QCOMPARE(redNow(), 255);
+        QTest::keyClick(&red.selector, Qt::Key_Home);
+        QCOMPARE(redNow(), 0);
+        QWheelEvent again(QPointF(50, 10), red.selector.mapToGlobal(QPoint(50, 10)), QPoint(),
+            QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&red.selector, &again);
+        QCOMPARE(redNow(), 1);
+
+        // Hue wraps nothing: Home and End are its ends too.
+        Strip hue(Selector::kHsvHue, true);
+        hue.selector.setFocus();
+        QTest::keyClick(&hue.selector, Qt::Key_End);
+        int h, s, v;
+        hue.selector.GetHsv(h, s, v);
+        QCOMPARE(h, 359);
+        QTest::keyClick(&hue.selector, Qt::Key_PageDown);
+        hue.selector.GetHsv(h, s, v);
+        QCOMPARE(h, 323);
+
+        // Named and valued for assistive technology.
+        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&red.selector);
+        QCOMPARE(face->role(), QAccessible::Slider);
+        QCOMPARE(face->text(QAccessible::Name), QString("Red"));
+        QVERIFY(face->valueInterface());
+        QCOMPARE(face->valueInterface()->currentValue().toInt(), 1);
+        QCOMPARE(face->valueInterface()->maximumValue().toInt(), 255);
+    }
+
+    // A matcher set later brings the other models in line at once.
+    void aLaterMatcherSynchronises()
+    {
+        Strip l(Selector::kLabL);
+        l.selector.SetRgb(200, 100, 50);
+        const QImage blind = l.selector.grab().toImage();
+        TAutoPtr<TavoLib::ColorMatcher> matcher(new TavoLib::ColorMatcher);
+        l.selector.setColorMatcher(matcher);
+        double L, A, B, l2, a2, b2;
+        l.selector.GetLab(L, A, B);
+        matcher->rgbToLab(200, 100, 50, l2, a2, b2);
+        QCOMPARE(QList<double>({ L, A, B }), QList<double>({ l2, a2, b2 }));
+        int r, g, b;
+        l.selector.GetRgb(r, g, b);
+        QCOMPARE(QList<int>({ r, g, b }), QList<int>({ 200, 100, 50 }));
+        QVERIFY(l.selector.grab().toImage() != blind);
     }
 };
 

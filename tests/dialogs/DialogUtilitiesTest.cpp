@@ -102,23 +102,42 @@ private slots:
     {
         QSettings s = settings();
         s.setValue("Dialogs/SplitDialog/Geometry", QStringLiteral("not a rectangle"));
-        s.setValue("Dialogs/SplitDialog/Splitter", QVariantMap{ { "main", QVariantList{ "a", 1e12, -5, 7 } } });
+        s.setValue(
+            "Dialogs/SplitDialog/Splitter", QVariantMap { { "main", QVariantList { "a" } } });
         SplitDialog dialog;
         dialog.show();
         const QRect before = dialog.geometry();
         const QList<int> sizes = dialog.splitter->sizes();
-        QVERIFY(DialogUtilities::restoreGeometry(dialog, QString()));
+        // Nothing of the record could be used: false, so that the host places the dialog.
+        QVERIFY(!DialogUtilities::restoreGeometry(dialog, QString()));
         QCOMPARE(dialog.geometry(), before);
-        QCOMPARE(dialog.splitter->sizes(), sizes); // four sizes for two panes: of no use
+        QCOMPARE(dialog.splitter->sizes(), sizes); // one size for two panes would squeeze one
         s.setValue("Dialogs/SplitDialog/Splitter", QStringLiteral("sizes"));
         s.setValue("Dialogs/SplitDialog/Geometry", QRect(0, 0, 1 << 30, 5));
-        QVERIFY(DialogUtilities::restoreGeometry(dialog, QString()));
+        QVERIFY(!DialogUtilities::restoreGeometry(dialog, QString()));
         QCOMPARE(dialog.splitter->sizes(), sizes);
         // Edges whose distance does not fit an int (found by fuzzing): no overflow, a valid window.
         s.setValue("Dialogs/SplitDialog/Geometry",
             QRect(QPoint(-2147483639, 10), QPoint(2147483000, 20)));
-        QVERIFY(DialogUtilities::restoreGeometry(dialog, QString()));
+        QVERIFY(!DialogUtilities::restoreGeometry(dialog, QString()));
         QVERIFY(dialog.geometry().isValid());
+    }
+
+    // decided: a splitter that lost a pane since keeps the sizes of the panes it still has.
+    void longerSplitterListsAreApplied()
+    {
+        QSettings s = settings();
+        s.setValue("Dialogs/SplitDialog/Geometry", QStringLiteral("not a rectangle"));
+        s.setValue("Dialogs/SplitDialog/Splitter",
+            QVariantMap { { "main", QVariantList { 120, 250, 7, 1e12 } } });
+        SplitDialog dialog;
+        dialog.show();
+        SplitDialog twin;
+        twin.show();
+        twin.splitter->setSizes({ 120, 250 });
+        QVERIFY(dialog.splitter->sizes() != twin.splitter->sizes());
+        QVERIFY(DialogUtilities::restoreGeometry(dialog, QString())); // the splitter was applied
+        QCOMPARE(dialog.splitter->sizes(), twin.splitter->sizes());
     }
 
     void codecs()
