@@ -11,7 +11,8 @@ std::atomic<quint64> sRenames{ 0 };
 void Property::setUniqueName(const QString &name)
 {
     mUniqueName = name;
-    ++sRenames;
+    if (mNameIndexed)
+        ++sRenames;
 }
 
 quint64 Property::renameStamp()

@@ -36,7 +36,8 @@ public:
 
     QString uniqueName() const { return mUniqueName; }
     void setUniqueName(const QString &name);
-    // Counts every rename in the process: a dictionary's name index is rebuilt after one.
+    // Counts the renames of properties that a dictionary's name index holds; such an index is
+    // rebuilt after one.
     static quint64 renameStamp();
     QString visibleName() const { return mVisibleName; }
     void setVisibleName(const QString &name) { mVisibleName = name; }
@@ -108,6 +109,10 @@ private:
     QIcon mIcon;
     bool mUndefined = false;
     bool mUndefinable = false;
+    // Set once a large dictionary's name index holds this property: only a rename of such a
+    // property moves renameStamp(), so a host renaming new properties before inserting them
+    // does not make every insert rebuild the index.
+    mutable bool mNameIndexed = false;
     bool mReadOnly = false;
     bool mAllowColorizeIcon = true;
 };

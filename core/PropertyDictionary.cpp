@@ -49,8 +49,10 @@ void PropertyDictionary::rebuildIndex() const
     mIndex.clear();
     mIndex.reserve(int(mProperties.size()));
     // The first entry of a name wins, as a scan finds it.
-    for (size_t i = mProperties.size(); i-- > 0;)
+    for (size_t i = mProperties.size(); i-- > 0;) {
+        mProperties[i]->mNameIndexed = true;
         mIndex.insert(mProperties[i]->uniqueName(), int(i));
+    }
     mIndexSize = mProperties.size();
     mIndexStamp = Property::renameStamp();
 }
@@ -69,6 +71,7 @@ void PropertyDictionary::insertProperty(Property::Ptr property)
     mProperties.push_back(property);
     // An index that was whole stays whole with the new entry.
     if (mIndexSize == mProperties.size() - 1 && mIndexStamp == Property::renameStamp()) {
+        property->mNameIndexed = true;
         mIndex.insert(property->uniqueName(), int(mProperties.size() - 1));
         mIndexSize = mProperties.size();
     }
