@@ -6,9 +6,9 @@
 // Changing the model keeps the colour. colorChanged() is sent for the user's changes only.
 //
 // The colour is given and taken in the model's own numbers: in the CMYK model color() and
-// colorChanged() carry a QColor of spec Cmyk, and setColor takes a Cmyk (or Hsv) QColor
+// colorChanged() carry a QColor held as CMYK (QColor::Cmyk), and setColor takes a Cmyk (or Hsv) QColor
 // without passing through 8-bit RGB, so C 10 M 20 Y 30 K 40 comes back as set. Lab has no
-// QColor spec: setLab and lab give it in doubles. Other models give RGB colours.
+// QColor form: setLab and lab give it in doubles. Other models give RGB colours.
 #include "controls/Ta_ColorComponentSelector.h"
 
 #include <QWidget>
