@@ -1,0 +1,121 @@
+// Gallery page "Window chrome and controls": the small controls of the library, each live.
+// A swatch frame that counts its clicks (mouse, Space or Return), path labels in a wide and a
+// narrow column, a tristate group of pages, and a measure slider with its unit field.
+#include "GalleryPage.h"
+#include "style/Device.h"
+#include "widgets/Ta_ClickFrame.h"
+#include "widgets/Ta_PathLabel.h"
+#include "widgets/Ta_Slider.h"
+#include "widgets/Ta_TristateGroup.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using TavoLib::Device;
+
+namespace {
+
+QGroupBox *clickFrames()
+{
+    auto *box = new QGroupBox(QStringLiteral("Click frames"));
+    auto *layout = new QHBoxLayout(box);
+    auto *count = new QLabel(QStringLiteral("Click a swatch, or Tab to one and press Space"));
+    int clicks = 0;
+    for (const QColor &colour : { QColor(200, 60, 40), QColor(40, 120, 200), QColor(60, 160, 80) }) {
+        auto *frame = new Ta_ClickFrame;
+        frame->setAccessibleName(colour.name());
+        frame->setFixedSize(int(Device::scale(48.0)), int(Device::scale(32.0)));
+        frame->setAutoFillBackground(true);
+        QPalette palette = frame->palette();
+        palette.setColor(QPalette::Window, colour);
+        frame->setPalette(palette);
+        QObject::connect(frame, &Ta_ClickFrame::clicked, count, [count, colour, clicks]() mutable {
+            count->setText(QStringLiteral("%1 clicked (%2)").arg(colour.name()).arg(++clicks));
+        });
+        layout->addWidget(frame);
+    }
+    layout->addWidget(count, 1);
+    return box;
+}
+
+QGroupBox *pathLabels()
+{
+    auto *box = new QGroupBox(QStringLiteral("Path labels"));
+    auto *grid = new QGridLayout(box);
+    const QString path
+        = QStringLiteral("/home/designer/projects/autumn catalogue/images/cover/Brochure cover.tvd");
+    grid->addWidget(new QLabel(QStringLiteral("Wide:")), 0, 0);
+    grid->addWidget(new Ta_PathLabel(path), 0, 1, 1, 2);
+    grid->addWidget(new QLabel(QStringLiteral("Narrow:")), 1, 0);
+    auto *narrow = new Ta_PathLabel(path);
+    narrow->setFixedWidth(int(Device::scale(260.0)));
+    grid->addWidget(narrow, 1, 1);
+    grid->addWidget(new QLabel(QStringLiteral("Very narrow:")), 2, 0);
+    auto *tiny = new Ta_PathLabel(path);
+    tiny->setFixedWidth(int(Device::scale(90.0)));
+    grid->addWidget(tiny, 2, 1);
+    grid->setColumnStretch(2, 1);
+    return box;
+}
+
+QGroupBox *tristateGroup()
+{
+    auto *box = new QGroupBox(QStringLiteral("Tristate group"));
+    auto *layout = new QVBoxLayout(box);
+    auto *group = new Ta_TristateGroup(QStringLiteral("All pages"));
+    for (int i = 1; i <= 4; ++i)
+        group->addCheckBox(QStringLiteral("Page %1").arg(i), i % 2 == 1);
+    layout->addWidget(group);
+    layout->addStretch();
+    return box;
+}
+
+QGroupBox *slider()
+{
+    auto *box = new QGroupBox(QStringLiteral("Measure slider"));
+    auto *layout = new QGridLayout(box);
+    auto *slider = new Ta_Slider;
+    slider->setValueRange(0.0, 50.0);
+    slider->setPrecision(1);
+    slider->setUnitValue(UnitValue(12.5, CUnit(CUnit::MM)));
+    auto *edit = new Ta_UnitEdit;
+    edit->setMaximumWidth(int(Device::scale(90.0)));
+    slider->setUnitEdit(edit);
+    auto *label = new QLabel(QStringLiteral("&Indent:"));
+    label->setBuddy(slider);
+    slider->setAccessibleName(QStringLiteral("Indent"));
+    edit->setAccessibleName(QStringLiteral("Indent"));
+    layout->addWidget(label, 0, 0);
+    layout->addWidget(slider, 0, 1);
+    layout->addWidget(edit, 0, 2);
+    auto *readout = new QLabel;
+    const auto show = [readout](const UnitValue &value) {
+        readout->setText(QStringLiteral("unitValueChanged: %1").arg(value.strWithUnit(2)));
+    };
+    QObject::connect(slider, &Ta_Slider::unitValueChanged, readout, show);
+    show(slider->unitValue());
+    layout->addWidget(readout, 1, 1, 1, 2);
+    layout->setRowStretch(2, 1);
+    return box;
+}
+
+QWidget *makeWindowChromePage()
+{
+    auto *page = new QWidget;
+    auto *layout = new QGridLayout(page);
+    layout->addWidget(clickFrames(), 0, 0, 1, 2);
+    layout->addWidget(pathLabels(), 1, 0, 1, 2);
+    layout->addWidget(tristateGroup(), 2, 0);
+    layout->addWidget(slider(), 2, 1);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(3, 1);
+    return page;
+}
+
+} // namespace
+
+TAVO_GALLERY_PAGE(90, "Window chrome and controls", makeWindowChromePage)
