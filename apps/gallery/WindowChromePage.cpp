@@ -1,11 +1,13 @@
 // Gallery page "Window chrome and controls": the small controls of the library, each live.
 // A swatch frame that counts its clicks (mouse, Space or Return), path labels in a wide and a
-// narrow column, a tristate group of pages, and a measure slider with its unit field.
+// narrow column, a tristate group of pages, a measure slider with its unit field, and tool
+// buttons with recoloured icons, one of them with an icon menu.
 #include "GalleryPage.h"
 #include "style/Device.h"
 #include "widgets/Ta_ClickFrame.h"
 #include "widgets/Ta_PathLabel.h"
 #include "widgets/Ta_Slider.h"
+#include "widgets/Ta_ToolButton.h"
 #include "widgets/Ta_TristateGroup.h"
 
 #include <QCheckBox>
@@ -13,6 +15,8 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
+#include <QPainter>
 #include <QVBoxLayout>
 
 using TavoLib::Device;
@@ -103,16 +107,74 @@ QGroupBox *slider()
     return box;
 }
 
+// Three text lines aligned left, centred or right, drawn on transparent at 32 pixels.
+QIcon alignmentIcon(Qt::Alignment alignment, const QColor &colour = Qt::black)
+{
+    QPixmap pixmap(32, 32);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    const int widths[] = { 26, 18, 22, 14 };
+    for (int i = 0; i < 4; ++i) {
+        const int w = widths[i];
+        const int x = alignment == Qt::AlignLeft ? 3 : alignment == Qt::AlignRight ? 29 - w : 16 - w / 2;
+        painter.fillRect(x, 5 + i * 6, w, 3, colour);
+    }
+    return QIcon(pixmap);
+}
+
+QGroupBox *toolButtons(QWidget *page)
+{
+    auto *box = new QGroupBox(QStringLiteral("Tool buttons"));
+    auto *layout = new QHBoxLayout(box);
+    const struct
+    {
+        const char *name;
+        Qt::Alignment alignment;
+    } kinds[] = { { "Align left", Qt::AlignLeft }, { "Centre", Qt::AlignHCenter },
+        { "Align right", Qt::AlignRight } };
+    for (const auto &kind : kinds) {
+        auto *button = new Ta_ToolButton;
+        button->setIcon(alignmentIcon(kind.alignment));
+        button->setIconSize(QSize(int(Device::scale(16.0)), int(Device::scale(16.0))));
+        button->setCheckable(true);
+        button->setChecked(kind.alignment == Qt::AlignLeft);
+        button->setAutoExclusive(true);
+        button->setToolTip(QString::fromLatin1(kind.name));
+        button->setAccessibleName(QString::fromLatin1(kind.name));
+        layout->addWidget(button);
+    }
+    auto *menu = new QMenu(page);
+    for (const char *name : { "Justify", "Justify all lines", "Force justify" })
+        menu->addAction(QString::fromLatin1(name));
+    auto *withMenu = new Ta_ToolButton;
+    withMenu->setIcon(alignmentIcon(Qt::AlignHCenter));
+    withMenu->setIconSize(QSize(int(Device::scale(16.0)), int(Device::scale(16.0))));
+    withMenu->setIconMenu(menu);
+    withMenu->setToolTip(QStringLiteral("Justification (Alt+Down for the menu)"));
+    withMenu->setAccessibleName(QStringLiteral("Justification"));
+    layout->addWidget(withMenu);
+    auto *own = new Ta_ToolButton;
+    own->setIcon(alignmentIcon(Qt::AlignRight, QColor(200, 60, 40)));
+    own->setIconSize(QSize(int(Device::scale(16.0)), int(Device::scale(16.0))));
+    own->setColorizeIcon(false);
+    own->setAccessibleName(QStringLiteral("Own colours"));
+    layout->addWidget(own);
+    layout->addWidget(new QLabel(QStringLiteral("the last keeps its own colours")));
+    layout->addStretch();
+    return box;
+}
+
 QWidget *makeWindowChromePage()
 {
     auto *page = new QWidget;
     auto *layout = new QGridLayout(page);
     layout->addWidget(clickFrames(), 0, 0, 1, 2);
     layout->addWidget(pathLabels(), 1, 0, 1, 2);
-    layout->addWidget(tristateGroup(), 2, 0);
+    layout->addWidget(tristateGroup(), 2, 0, 2, 1);
     layout->addWidget(slider(), 2, 1);
+    layout->addWidget(toolButtons(page), 3, 1);
     layout->setColumnStretch(1, 1);
-    layout->setRowStretch(3, 1);
+    layout->setRowStretch(4, 1);
     return page;
 }
 
