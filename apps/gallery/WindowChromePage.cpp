@@ -1,9 +1,10 @@
 // Gallery page "Window chrome and controls": the small controls of the library, each live.
 // A swatch frame that counts its clicks (mouse, Space or Return), path labels in a wide and a
 // narrow column, a tristate group of pages, a measure slider with its unit field, and tool
-// buttons with recoloured icons, one of them with an icon menu.
+// buttons with recoloured icons, one of them with an icon menu, and the cursors.
 #include "GalleryPage.h"
 #include "style/Device.h"
+#include "widgets/CursorFactory.h"
 #include "widgets/Ta_ClickFrame.h"
 #include "widgets/Ta_PathLabel.h"
 #include "widgets/Ta_Slider.h"
@@ -164,6 +165,38 @@ QGroupBox *toolButtons(QWidget *page)
     return box;
 }
 
+// Each cursor's picture and name; over its tile the mouse shows the cursor itself.
+QGroupBox *cursors()
+{
+    using TavoLib::CursorFactory;
+    auto *box = new QGroupBox(QStringLiteral("Cursors"));
+    auto *layout = new QHBoxLayout(box);
+    const struct
+    {
+        CursorFactory::CursorType type;
+        const char *name;
+    } kinds[] = { { CursorFactory::PipetteCursor, "Pipette" }, { CursorFactory::ZoomInCursor, "Zoom in" },
+        { CursorFactory::ZoomOutCursor, "Zoom out" }, { CursorFactory::RotateCursor, "Rotate" },
+        { CursorFactory::CropCursor, "Crop" } };
+    for (const auto &kind : kinds) {
+        const QCursor cursor = CursorFactory::cursor(kind.type);
+        auto *tile = new QLabel;
+        tile->setPixmap(cursor.pixmap());
+        tile->setCursor(cursor);
+        tile->setAlignment(Qt::AlignCenter);
+        tile->setFrameStyle(QFrame::StyledPanel);
+        tile->setAutoFillBackground(true);
+        tile->setBackgroundRole(QPalette::Base);
+        tile->setFixedSize(int(Device::scale(44.0)), int(Device::scale(44.0)));
+        auto *column = new QVBoxLayout;
+        column->addWidget(tile, 0, Qt::AlignHCenter);
+        column->addWidget(new QLabel(QString::fromLatin1(kind.name)), 0, Qt::AlignHCenter);
+        layout->addLayout(column);
+    }
+    layout->addStretch();
+    return box;
+}
+
 QWidget *makeWindowChromePage()
 {
     auto *page = new QWidget;
@@ -173,8 +206,9 @@ QWidget *makeWindowChromePage()
     layout->addWidget(tristateGroup(), 2, 0, 2, 1);
     layout->addWidget(slider(), 2, 1);
     layout->addWidget(toolButtons(page), 3, 1);
+    layout->addWidget(cursors(), 4, 0, 1, 2);
     layout->setColumnStretch(1, 1);
-    layout->setRowStretch(4, 1);
+    layout->setRowStretch(5, 1);
     return page;
 }
 
