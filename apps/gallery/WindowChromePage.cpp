@@ -1,10 +1,12 @@
 // Gallery page "Window chrome and controls": the small controls of the library, each live.
 // A swatch frame that counts its clicks (mouse, Space or Return), path labels in a wide and a
 // narrow column, a tristate group of pages, a measure slider with its unit field, and tool
-// buttons with recoloured icons, one of them with an icon menu, and the cursors.
+// buttons with recoloured icons, one of them with an icon menu, the cursors, and two palettes
+// under their title bars, one collapsed.
 #include "GalleryPage.h"
 #include "style/Device.h"
 #include "widgets/CursorFactory.h"
+#include "widgets/OmaTitleBar.h"
 #include "widgets/Ta_ClickFrame.h"
 #include "widgets/Ta_PathLabel.h"
 #include "widgets/Ta_Slider.h"
@@ -12,6 +14,7 @@
 #include "widgets/Ta_TristateGroup.h"
 
 #include <QCheckBox>
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -165,6 +168,40 @@ QGroupBox *toolButtons(QWidget *page)
     return box;
 }
 
+// Two palettes in the page, each a frame under its own title bar: drag a bar to move its
+// palette, double-click or press the arrow to collapse it.
+QGroupBox *titleBars()
+{
+    auto *box = new QGroupBox(QStringLiteral("Title bars"));
+    auto *layout = new QHBoxLayout(box);
+    const struct
+    {
+        const char *title;
+        bool collapsed;
+    } palettes[] = { { "Swatches", false }, { "Layers", true } };
+    for (const auto &kind : palettes) {
+        auto *palette = new QFrame;
+        palette->setFrameStyle(QFrame::Box | QFrame::Plain);
+        palette->setWindowTitle(QString::fromLatin1(kind.title));
+        palette->setWindowIcon(alignmentIcon(Qt::AlignLeft));
+        auto *column = new QVBoxLayout(palette);
+        column->setContentsMargins(1, 1, 1, 1);
+        column->setSpacing(0);
+        auto *bar = new OmaTitleBar;
+        bar->setTarget(palette);
+        auto *content = new QLabel(QStringLiteral("The %1 palette").arg(kind.title));
+        content->setMargin(int(Device::scale(12.0)));
+        column->addWidget(bar);
+        column->addWidget(content);
+        bar->setContentWidget(content);
+        bar->setCollapsed(kind.collapsed);
+        palette->setFixedWidth(int(Device::scale(240.0)));
+        layout->addWidget(palette, 0, Qt::AlignTop);
+    }
+    layout->addStretch();
+    return box;
+}
+
 // Each cursor's picture and name; over its tile the mouse shows the cursor itself.
 QGroupBox *cursors()
 {
@@ -207,8 +244,9 @@ QWidget *makeWindowChromePage()
     layout->addWidget(slider(), 2, 1);
     layout->addWidget(toolButtons(page), 3, 1);
     layout->addWidget(cursors(), 4, 0, 1, 2);
+    layout->addWidget(titleBars(), 5, 0, 1, 2);
     layout->setColumnStretch(1, 1);
-    layout->setRowStretch(5, 1);
+    layout->setRowStretch(6, 1);
     return page;
 }
 
