@@ -4,8 +4,10 @@
 // long for the width loses characters from the middle of its folders, never from the file
 // name ("/home/…/projects/Brochure.tvd"); a file name that alone is too wide is elided in its
 // own middle. The whole path is the tooltip and the accessible name. The shown text can be
-// selected with mouse and keyboard; copying a selection that covers an elided part, and the
-// context menu's "Copy Path", put the whole path on the clipboard, never the ellipsis.
+// selected with mouse and keyboard (it takes the focus by Tab and click). Ctrl+C copies the
+// selection, but the whole path when nothing is selected or the selection covers an elided
+// part; the context menu's "Copy Path" always copies the whole path. The ellipsis is never
+// copied.
 // The path is shown as given; setPath() with native separators for display if wanted.
 #include "style/TavoLibGuiExport.h"
 
