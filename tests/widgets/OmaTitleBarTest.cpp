@@ -65,7 +65,7 @@ private slots:
     void dragAndCollapse()
     {
         Palette p;
-        QVERIFY(QTest::qWaitForWindowActive(&p.window));
+        QVERIFY(QTest::qWaitForWindowExposed(&p.window));
         QCOMPARE(p.bar->title(), QStringLiteral("Swatches"));
         p.window.setWindowTitle(QStringLiteral("Colours"));
         QCOMPARE(p.bar->title(), QStringLiteral("Colours"));
