@@ -30,7 +30,9 @@ GalleryWindow::GalleryWindow(QWidget *parent)
         widget->setObjectName(page.title);
         mStack->addWidget(widget);
     }
-    mList->setFixedWidth(180);
+    // Wide enough for the longest page title, without a scroll bar.
+    mList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    mList->setFixedWidth(qMax(180, mList->sizeHintForColumn(0) + 2 * mList->frameWidth() + 8));
     auto *central = new QWidget;
     auto *layout = new QHBoxLayout(central);
     layout->addWidget(mList);
