@@ -1,6 +1,9 @@
 // Gallery page "Views and files": the short-text editor with a maximum, and a unit expression
-// coloured as the parser reads it, its error marked.
+// coloured as the parser reads it, its error marked; a list the user may reorder, an empty one
+// with its placeholder, and a table whose header keeps its sections.
 #include "GalleryPage.h"
+#include "widgets/Ta_HeaderView.h"
+#include "widgets/Ta_ListView.h"
 #include "widgets/Ta_SyntaxHighlighter.h"
 #include "widgets/Ta_TextEdit.h"
 
@@ -8,6 +11,9 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStandardItemModel>
+#include <QStringListModel>
+#include <QTableView>
 #include <QVBoxLayout>
 
 namespace {
@@ -34,6 +40,41 @@ QWidget *makeTextGroup()
     return group;
 }
 
+QWidget *makeViewsGroup(QWidget *page)
+{
+    auto *group = new QGroupBox(QObject::tr("Views"));
+    auto *layout = new QHBoxLayout(group);
+    auto *order = new Ta_ListView;
+    order->setModel(new QStringListModel(
+        { "Masthead", "Headline", "Standfirst", "Body text", "Caption" }, page));
+    order->setDragReorderEnabled(true);
+    order->setAccessibleName(QObject::tr("Reading order (Ctrl+Up/Down moves)"));
+    layout->addWidget(order);
+    auto *empty = new Ta_ListView;
+    empty->setModel(new QStringListModel(page));
+    empty->setPlaceholderText(QObject::tr("No fonts in this folder"));
+    empty->setAccessibleName(QObject::tr("Fonts"));
+    layout->addWidget(empty);
+
+    auto *model = new QStandardItemModel(0, 3, page);
+    model->setHorizontalHeaderLabels({ QObject::tr("Name"), QObject::tr("Kind"), QObject::tr("Size") });
+    const char *rows[][3] = { { "cover.tif", "Image", "2.4 MB" }, { "issue-12.ipd", "Document", "812 KB" },
+        { "Serif Book.otf", "Font", "96 KB" } };
+    for (const auto &row : rows)
+        model->appendRow({ new QStandardItem(row[0]), new QStandardItem(row[1]), new QStandardItem(row[2]) });
+    auto *table = new QTableView;
+    auto *header = new Ta_HeaderView(Qt::Horizontal, table);
+    table->setHorizontalHeader(header);
+    table->setModel(model);
+    table->verticalHeader()->hide();
+    header->resizeSection(0, 140);
+    header->moveSection(2, 1);
+    header->setStretchLastSection(true);
+    table->setAccessibleName(QObject::tr("Files"));
+    layout->addWidget(table, 2);
+    return group;
+}
+
 QWidget *makeViewsAndFilesPage()
 {
     auto *page = new QWidget;
@@ -41,6 +82,7 @@ QWidget *makeViewsAndFilesPage()
     auto *top = new QHBoxLayout;
     top->addWidget(makeTextGroup());
     layout->addLayout(top);
+    layout->addWidget(makeViewsGroup(page));
     layout->addStretch();
     return page;
 }
