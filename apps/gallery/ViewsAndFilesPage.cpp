@@ -2,12 +2,15 @@
 // coloured as the parser reads it, its error marked; a list the user may reorder, an empty one
 // with its placeholder, and a table whose header keeps its sections.
 #include "GalleryPage.h"
+#include "widgets/OmaFileIconProvider.h"
 #include "widgets/Ta_HeaderView.h"
 #include "widgets/Ta_ListView.h"
 #include "widgets/Ta_SyntaxHighlighter.h"
 #include "widgets/Ta_TextEdit.h"
 
+#include <QFileInfo>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -60,8 +63,12 @@ QWidget *makeViewsGroup(QWidget *page)
     model->setHorizontalHeaderLabels({ QObject::tr("Name"), QObject::tr("Kind"), QObject::tr("Size") });
     const char *rows[][3] = { { "cover.tif", "Image", "2.4 MB" }, { "issue-12.ipd", "Document", "812 KB" },
         { "Serif Book.otf", "Font", "96 KB" } };
-    for (const auto &row : rows)
-        model->appendRow({ new QStandardItem(row[0]), new QStandardItem(row[1]), new QStandardItem(row[2]) });
+    for (const auto &row : rows) {
+        auto *name = new QStandardItem(row[0]);
+        name->setIcon(OmaFileIconProvider::iconOf(
+            OmaFileIconProvider::kindOf(QFileInfo(QString::fromLatin1(row[0])))));
+        model->appendRow({ name, new QStandardItem(row[1]), new QStandardItem(row[2]) });
+    }
     auto *table = new QTableView;
     auto *header = new Ta_HeaderView(Qt::Horizontal, table);
     table->setHorizontalHeader(header);
@@ -75,12 +82,41 @@ QWidget *makeViewsGroup(QWidget *page)
     return group;
 }
 
+// The file icons at three sizes, drawn for each.
+QWidget *makeIconsGroup()
+{
+    auto *group = new QGroupBox(QObject::tr("File icons"));
+    auto *grid = new QGridLayout(group);
+    const struct
+    {
+        OmaFileIconProvider::Kind kind;
+        const char *name;
+    } kinds[] = { { OmaFileIconProvider::Document, "Document" }, { OmaFileIconProvider::Image, "Image" },
+        { OmaFileIconProvider::Font, "Font" }, { OmaFileIconProvider::Folder, "Folder" },
+        { OmaFileIconProvider::Generic, "Other" } };
+    int column = 0;
+    for (const auto &entry : kinds) {
+        int row = 0;
+        for (int size : { 16, 32, 48 }) {
+            auto *label = new QLabel;
+            label->setPixmap(OmaFileIconProvider::pixmapOf(entry.kind, size));
+            label->setAlignment(Qt::AlignCenter);
+            grid->addWidget(label, row++, column);
+        }
+        auto *name = new QLabel(QObject::tr(entry.name));
+        name->setAlignment(Qt::AlignCenter);
+        grid->addWidget(name, row, column++);
+    }
+    return group;
+}
+
 QWidget *makeViewsAndFilesPage()
 {
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
     auto *top = new QHBoxLayout;
-    top->addWidget(makeTextGroup());
+    top->addWidget(makeTextGroup(), 2);
+    top->addWidget(makeIconsGroup());
     layout->addLayout(top);
     layout->addWidget(makeViewsGroup(page));
     layout->addStretch();
