@@ -3,6 +3,7 @@
 // with its placeholder, and a table whose header keeps its sections.
 #include "GalleryPage.h"
 #include "widgets/OmaFileIconProvider.h"
+#include "widgets/SearchPathsWidget.h"
 #include "widgets/Ta_HeaderView.h"
 #include "widgets/Ta_ListView.h"
 #include "widgets/Ta_SyntaxHighlighter.h"
@@ -110,6 +111,26 @@ QWidget *makeIconsGroup()
     return group;
 }
 
+// Search folders of a document in /usr: one kept relative, one that does not exist.
+QWidget *makeSearchPathsGroup()
+{
+    auto *group = new QGroupBox(QObject::tr("Search folders"));
+    auto *layout = new QVBoxLayout(group);
+    auto *paths = new SearchPathsWidget;
+    paths->setBasePath(QStringLiteral("/usr"));
+    auto entry = [](const char *path, bool relative, bool subfolder) {
+        OmaLib::SearchPath e;
+        e.path = QString::fromLatin1(path);
+        e.relative = relative;
+        e.subfolder = subfolder;
+        return e;
+    };
+    paths->setSearchPaths({ entry("share", true, true), entry("/tmp", false, false),
+        entry("/archive/images 2019", false, true) });
+    layout->addWidget(paths);
+    return group;
+}
+
 QWidget *makeViewsAndFilesPage()
 {
     auto *page = new QWidget;
@@ -119,6 +140,7 @@ QWidget *makeViewsAndFilesPage()
     top->addWidget(makeIconsGroup());
     layout->addLayout(top);
     layout->addWidget(makeViewsGroup(page));
+    layout->addWidget(makeSearchPathsGroup());
     layout->addStretch();
     return page;
 }
