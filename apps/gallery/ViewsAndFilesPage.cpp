@@ -4,6 +4,7 @@
 #include "GalleryPage.h"
 #include "widgets/OmaFileIconProvider.h"
 #include "widgets/SearchPathsWidget.h"
+#include "widgets/Ta_ElementsView.h"
 #include "widgets/Ta_HeaderView.h"
 #include "widgets/Ta_ListView.h"
 #include "widgets/Ta_SyntaxHighlighter.h"
@@ -21,6 +22,34 @@
 #include <QVBoxLayout>
 
 namespace {
+
+// A page's elements as a host keeps them: each element's bytes are its kind and name, and a
+// pasted element takes its name from them.
+class PageElements : public QStandardItemModel
+{
+public:
+    explicit PageElements(QObject *parent) : QStandardItemModel(parent)
+    {
+        setHorizontalHeaderLabels({ QObject::tr("Element") });
+        for (const char *name : { "Text frame: Headline", "Picture frame: cover.tif", "Group: Sidebar",
+                 "Guide: 40 mm" })
+            appendRow(element(QString::fromLatin1(name)));
+    }
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        if (role == Ta_ElementsView::ElementDataRole)
+            QStandardItemModel::setData(index, QString::fromUtf8(value.toByteArray()), Qt::DisplayRole);
+        return QStandardItemModel::setData(index, value, role);
+    }
+
+private:
+    static QStandardItem *element(const QString &name)
+    {
+        auto *item = new QStandardItem(name);
+        item->setData(name.toUtf8(), Ta_ElementsView::ElementDataRole);
+        return item;
+    }
+};
 
 QWidget *makeTextGroup()
 {
@@ -75,11 +104,18 @@ QWidget *makeViewsGroup(QWidget *page)
     table->setHorizontalHeader(header);
     table->setModel(model);
     table->verticalHeader()->hide();
-    header->resizeSection(0, 140);
+    header->resizeSection(0, 130);
     header->moveSection(2, 1);
     header->setStretchLastSection(true);
     table->setAccessibleName(QObject::tr("Files"));
-    layout->addWidget(table, 2);
+    layout->addWidget(table, 3);
+
+    auto *elements = new Ta_ElementsView;
+    elements->setModel(new PageElements(page));
+    elements->setRootIsDecorated(false);
+    elements->setAccessibleName(QObject::tr("Page elements (Ctrl+C, Ctrl+X, Ctrl+V)"));
+    elements->setCurrentIndex(elements->model()->index(1, 0));
+    layout->addWidget(elements, 2);
     return group;
 }
 
