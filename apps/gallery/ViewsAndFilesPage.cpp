@@ -2,6 +2,7 @@
 // coloured as the parser reads it, its error marked; a list the user may reorder, an empty one
 // with its placeholder, and a table whose header keeps its sections.
 #include "GalleryPage.h"
+#include "widgets/ImagePreviewView.h"
 #include "widgets/OmaFileIconProvider.h"
 #include "widgets/SearchPathsWidget.h"
 #include "widgets/Ta_ElementsView.h"
@@ -16,6 +17,8 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QTableView>
@@ -167,6 +170,38 @@ QWidget *makeSearchPathsGroup()
     return group;
 }
 
+// A picture drawn here (a dusk over hills), fitted, and a file that is no image.
+QWidget *makePreviewGroup()
+{
+    auto *group = new QGroupBox(QObject::tr("Image preview"));
+    auto *layout = new QHBoxLayout(group);
+    QImage picture(640, 420, QImage::Format_RGB32);
+    {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QLinearGradient sky(0, 0, 0, 420);
+        sky.setColorAt(0, QColor(0x2b, 0x3a, 0x67));
+        sky.setColorAt(1, QColor(0xf2, 0xa6, 0x5a));
+        painter.fillRect(picture.rect(), sky);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0xff, 0xe0, 0x8a));
+        painter.drawEllipse(QPointF(430, 250), 46, 46);
+        painter.setBrush(QColor(0x3d, 0x5a, 0x3c));
+        painter.drawEllipse(QRectF(-120, 280, 560, 300));
+        painter.setBrush(QColor(0x27, 0x40, 0x2a));
+        painter.drawEllipse(QRectF(260, 320, 560, 260));
+    }
+    auto *preview = new ImagePreviewView;
+    preview->setImage(picture);
+    preview->setAccessibleName(QObject::tr("Preview of cover.tif"));
+    layout->addWidget(preview, 3);
+    auto *broken = new ImagePreviewView;
+    broken->setFileName(QStringLiteral(":/no/such/picture.tif"));
+    broken->setAccessibleName(QObject::tr("Preview of a missing file"));
+    layout->addWidget(broken, 2);
+    return group;
+}
+
 QWidget *makeViewsAndFilesPage()
 {
     auto *page = new QWidget;
@@ -176,7 +211,10 @@ QWidget *makeViewsAndFilesPage()
     top->addWidget(makeIconsGroup());
     layout->addLayout(top);
     layout->addWidget(makeViewsGroup(page));
-    layout->addWidget(makeSearchPathsGroup());
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(makeSearchPathsGroup(), 3);
+    bottom->addWidget(makePreviewGroup(), 2);
+    layout->addLayout(bottom);
     layout->addStretch();
     return page;
 }
