@@ -2,6 +2,8 @@
 // coloured as the parser reads it, its error marked; a list the user may reorder, an empty one
 // with its placeholder, and a table whose header keeps its sections.
 #include "GalleryPage.h"
+#include "dialogs/LoginDialog.h"
+#include "dialogs/TextCodecDialog.h"
 #include "widgets/ImagePreviewView.h"
 #include "widgets/OmaFileIconProvider.h"
 #include "widgets/SearchPathsWidget.h"
@@ -202,6 +204,28 @@ QWidget *makePreviewGroup()
     return group;
 }
 
+// The two dialogs, shown in the page: a login with a name typed, and the encoding of a
+// Latin-1 text previewed.
+QWidget *makeDialogsGroup(QWidget *page)
+{
+    auto *group = new QGroupBox(QObject::tr("Dialogs"));
+    group->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    group->setMaximumHeight(220);
+    auto *layout = new QHBoxLayout(group);
+    auto *login = new TavoLib::LoginDialog(page, QStringLiteral("GalleryLogin"));
+    login->setWindowFlags(Qt::Widget);
+    login->setRemembersUserName(false);
+    login->setMessage(QObject::tr("Log in to the picture archive."));
+    login->setUserName(QStringLiteral("layout-desk"));
+    layout->addWidget(login);
+    auto *codec = new TavoLib::TextCodecDialog(page);
+    codec->setWindowFlags(Qt::Widget);
+    codec->setSample(QByteArray("Caf\xe9 cr\xe8me, na\xefve fa\xe7" "ade\nStra\xdf" "e 12"));
+    codec->setCodec(QStringLiteral("ISO8859-1"));
+    layout->addWidget(codec, 1);
+    return group;
+}
+
 QWidget *makeViewsAndFilesPage()
 {
     auto *page = new QWidget;
@@ -210,12 +234,12 @@ QWidget *makeViewsAndFilesPage()
     top->addWidget(makeTextGroup(), 2);
     top->addWidget(makeIconsGroup());
     layout->addLayout(top);
-    layout->addWidget(makeViewsGroup(page));
+    layout->addWidget(makeViewsGroup(page), 3);
     auto *bottom = new QHBoxLayout;
     bottom->addWidget(makeSearchPathsGroup(), 3);
     bottom->addWidget(makePreviewGroup(), 2);
-    layout->addLayout(bottom);
-    layout->addStretch();
+    layout->addLayout(bottom, 2);
+    layout->addWidget(makeDialogsGroup(page));
     return page;
 }
 
