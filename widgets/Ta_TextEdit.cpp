@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextBlock>
@@ -122,6 +123,22 @@ void Ta_TextEdit::focusOutEvent(QFocusEvent *event)
     // A popup of our own (the context menu) is no leaving.
     if (event->reason() != Qt::PopupFocusReason)
         commit();
+}
+
+void Ta_TextEdit::inputMethodEvent(QInputMethodEvent *event)
+{
+    const int room = mMaxLength - text().length() + textCursor().selectedText().length();
+    if (mMaxLength > 0 && event->commitString().length() > room) {
+        // The composed text is cut to the room left, like a paste.
+        QInputMethodEvent cut(event->preeditString(), event->attributes());
+        cut.setCommitString(event->commitString().left(qMax(0, room)), event->replacementStart(),
+            event->replacementLength());
+        QApplication::beep();
+        QPlainTextEdit::inputMethodEvent(&cut);
+        event->accept();
+        return;
+    }
+    QPlainTextEdit::inputMethodEvent(event);
 }
 
 void Ta_TextEdit::enforceMaxLength(int position, int added)

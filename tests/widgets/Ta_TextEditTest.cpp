@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -47,6 +48,15 @@ private slots:
         QCOMPARE(edit.text(), QString("far t"));
         edit.setMaxLength(3);
         QCOMPARE(edit.text(), QString("far"));
+        // Undo and input methods bring text by other roads; the maximum holds there too.
+        QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY2(edit.text().length() <= 3, qPrintable(edit.text()));
+        QInputMethodEvent ime;
+        ime.setCommitString("xyz");
+        edit.moveCursor(QTextCursor::End);
+        QApplication::sendEvent(&edit, &ime);
+        QVERIFY2(edit.text().length() <= 3, qPrintable(edit.text()));
+        QVERIFY(edit.text().startsWith("fa"));
         // Data with no text at all is nothing to paste.
         auto *image = new QMimeData;
         image->setImageData(QImage(4, 4, QImage::Format_RGB32));
