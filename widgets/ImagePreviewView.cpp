@@ -22,6 +22,7 @@ constexpr qint64 kMaxPixels = qint64(16384) * 16384;
 ImagePreviewView::ImagePreviewView(QWidget *parent) : QAbstractScrollArea(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Image preview")); // a host names it more precisely
     mEmptyText = tr("No image");
     mMessage = mEmptyText;
     viewport()->setBackgroundRole(QPalette::Base);

@@ -26,6 +26,7 @@ Ta_ElementsView::Ta_ElementsView(QWidget *parent) : QTreeView(parent)
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setUniformRowHeights(true);
+    setAccessibleName(tr("Page elements")); // a host names it more precisely
 }
 
 Ta_ElementsView::~Ta_ElementsView() = default;
