@@ -16,6 +16,18 @@ using Strip = Ta_ColorComponentSelector;
 
 namespace {
 
+// A colour held as CMYK (or HSV) is unchanged by the conversion to that model: QColor compares
+// the model as well as the numbers.
+bool heldAsCmyk(const QColor &c)
+{
+    return c == c.toCmyk();
+}
+
+bool heldAsHsv(const QColor &c)
+{
+    return c == c.toHsv();
+}
+
 QList<Strip::ColorComponentType> componentsOf(Strip::ColorType model)
 {
     switch (model) {
@@ -155,14 +167,14 @@ void Ta_ColorSelector::setColor(const QColor &color)
 {
     const QColor given = color.isValid() ? color : QColor(Qt::black);
     for (Strip *strip : mStrips) {
-        if (given.spec() == QColor::Cmyk)
+        if (heldAsCmyk(given))
             strip->SetCmyk(given.cyan(), given.magenta(), given.yellow(), given.black());
-        else if (given.spec() == QColor::Hsv)
+        else if (heldAsHsv(given))
             strip->SetHsv(qMax(0, given.hsvHue()), given.hsvSaturation(), given.value());
         else
             strip->SetRgb(given.red(), given.green(), given.blue());
     }
-    mOldColor = given.spec() == QColor::Cmyk || given.spec() == QColor::Hsv ? given : given.toRgb();
+    mOldColor = heldAsCmyk(given) || heldAsHsv(given) ? given : given.toRgb();
     setSwatch(mOldSwatch, mOldColor.toRgb());
     showColor(nullptr);
 }
