@@ -3,9 +3,10 @@
 # configures, builds incrementally and runs.
 #
 #   ./run.sh gallery [--screenshot DIR]   build and start the gallery (PNG per page without a display)
-#   ./run.sh test                          build and run the suite, then again under ASan+UBSan
+#   ./run.sh test                          build and run the suite, again under ASan+UBSan, then on Qt 6
 #   ./run.sh test --quick                  the suite without the sanitizer build
 #   ./run.sh bench                         build and run the benchmarks, one table
+#   ./run.sh docs                          the API reference of the public headers (Doxygen)
 #   ./run.sh fuzz SECONDS                  build and run the libFuzzer targets (clang)
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -14,7 +15,10 @@ root=$(pwd)
 base_packages=(cmake ninja-build ccache g++ pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
                libqt5x11extras5-dev qt5-image-formats-plugins libfontconfig-dev xvfb
                fonts-dejavu-core fonts-noto-core fonts-noto-mono fonts-liberation2 fonts-urw-base35)
+qt6_packages=(qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-5compat-dev qt6-image-formats-plugins
+              libxcb1-dev libgl-dev)
 bench_packages=(libbenchmark-dev libmuparser-dev libkproperty3-dev)
+docs_packages=(doxygen perl)
 fuzz_packages=(clang)
 
 ensure_packages() {
@@ -82,6 +86,13 @@ test)
         export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
         export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
         run_ctest build-asan
+        unset ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS
+        echo "run.sh: the suite again, built against Qt 6"
+        ensure_packages "${qt6_packages[@]}"
+        configure build-qt6 -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVO_QT_MAJOR=6 -DTAVO_BUILD_TESTS=ON \
+            -DTAVO_BUILD_GALLERY=ON
+        build build-qt6
+        run_ctest build-qt6
     fi
     ;;
 bench)
@@ -95,6 +106,23 @@ bench)
         echo "== $(basename "$b")"
         "$b" --benchmark_counters_tabular=true "$@"
     done
+    ;;
+docs)
+    ensure_packages "${docs_packages[@]}"
+    out=$root/build-docs
+    mkdir -p "$out"
+    rm -f "$out/warnings.txt"
+    sed -e "s|@ROOT@|$root|g" -e "s|@OUT@|$out|g" docs/Doxyfile.in > "$out/Doxyfile"
+    # The filter names public classes without a description on stderr; Doxygen logs its own
+    # warnings to warnings.txt. Either is an error.
+    doxygen "$out/Doxyfile" 2> "$out/filter.txt"
+    cat "$out/filter.txt" >> "$out/warnings.txt"
+    if [ -s "$out/warnings.txt" ]; then
+        cat "$out/warnings.txt"
+        echo "run.sh: the reference has warnings (above)" >&2
+        exit 1
+    fi
+    echo "run.sh: the reference is in $out/html/index.html"
     ;;
 fuzz)
     ensure_packages "${base_packages[@]}" "${fuzz_packages[@]}"

@@ -34,6 +34,8 @@ private:
     QPointer<QWidget> mWidget;
 };
 
+// The controller of a stylesheet panel (a StylesheetBasedWidget, or a group of them): loads a
+// stylesheet's attributes into the panel, checks them and saves the user's changes back.
 class TAVOLIBGUI_EXPORT StylesheetWidgetController : public WidgetController
 {
 public:

@@ -1,6 +1,7 @@
 #include "browser/TreeExpansionState_p.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 namespace TavoLib::TreeExpansionState {
 

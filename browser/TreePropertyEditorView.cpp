@@ -4,6 +4,7 @@
 #include "browser/TreePropertyEditorDelegate_p.h"
 #include "browser/TreePropertyRows_p.h"
 #include "core/ImageFunctions.h"
+#include "core/QtCompat_p.h"
 #include "propertybrowser/QtBrowserItem.h"
 #include "propertybrowser/QtProperty.h"
 #include "style/Device.h"
@@ -21,6 +22,11 @@
 namespace TavoLib {
 
 using namespace TreeRows;
+
+namespace {
+// Set on an editor once it is closed, for the fields that report their focus going later.
+const char *const kClosedEditor = "tavoClosedEditor";
+} // namespace
 
 TreePropertyEditorView::TreePropertyEditorView(QWidget *parent) : QTreeWidget(parent)
 {
@@ -252,7 +258,7 @@ bool TreePropertyEditorView::selectEditorText(QWidget *editor)
 
 void TreePropertyEditorView::forwardClick(QWidget *editor, const QMouseEvent &event)
 {
-    const QPoint global = event.globalPos();
+    const QPoint global = QtCompat::globalPos(&event);
     if (QTextEdit *text = textEditIn(editor)) {
         text->setFocus();
         const QPoint pos = text->viewport()->mapFromGlobal(global);
@@ -284,6 +290,13 @@ void TreePropertyEditorView::forwardClick(QWidget *editor, const QMouseEvent &ev
     QCoreApplication::sendEvent(target, &release);
 }
 
+void TreePropertyEditorView::commitData(QWidget *)
+{
+    // Nothing to commit: every editor writes its value itself as it changes, and the
+    // delegate's setModelData is empty. Fields inside an editor that ask are not editors Qt
+    // knows (Qt 6 would warn).
+}
+
 void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     QWidget *child = editor && editor->objectName() != QLatin1String("editor") ? editor : nullptr;
@@ -291,8 +304,11 @@ void TreePropertyEditorView::closeEditor(QWidget *editor, QAbstractItemDelegate:
     // named "editor": whichever field asks, the outer widget is closed, for every hint.
     while (editor && editor->objectName() != QLatin1String("editor"))
         editor = editor->parentWidget();
-    if (!editor)
+    // A field of an editor already closed still reports its focus going; the editor is gone
+    // from the view by then (Qt 6 would warn).
+    if (!editor || editor->property(kClosedEditor).toBool())
         return;
+    editor->setProperty(kClosedEditor, true);
     const bool moving
         = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     // A nested field of a compound editor keeps the focus when the tab order moves on.

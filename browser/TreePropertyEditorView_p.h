@@ -24,6 +24,7 @@ public:
     void openEditor(const QModelIndex &index);
 
 protected slots:
+    void commitData(QWidget *editor) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 protected:

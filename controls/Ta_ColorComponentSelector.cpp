@@ -247,7 +247,7 @@ void Ta_ColorComponentSelector::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
+    setVal(lineValue(mOrientation == kOrientationVertical ? event->pos().y() : event->pos().x(),
         mOrientation != kOrientationVertical));
 }
 
@@ -257,7 +257,7 @@ void Ta_ColorComponentSelector::mouseMoveEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    setVal(lineValue(mOrientation == kOrientationVertical ? event->y() : event->x(),
+    setVal(lineValue(mOrientation == kOrientationVertical ? event->pos().y() : event->pos().x(),
         mOrientation != kOrientationVertical));
 }
 

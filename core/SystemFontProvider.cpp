@@ -131,7 +131,7 @@ QString coverageSample(FcCharSet *charset)
                         continue;
                     if (!isSampleCharacter(ucs4))
                         continue;
-                    text += QString::fromUcs4(&ucs4, 1);
+                    text += QString::fromUcs4(reinterpret_cast<const char32_t *>(&ucs4), 1);
                     ++found;
                 }
             }
@@ -158,7 +158,7 @@ auto styleRank(int weight, int slant, int width, const QString &style)
         rank, weight, std::abs(width - FC_WIDTH_NORMAL), width, slant, style.toCaseFolded());
 }
 
-int qtWeight(int fcWeight)
+QFont::Weight qtWeight(int fcWeight)
 {
     static const int table[][2]
         = { { FC_WEIGHT_THIN, QFont::Thin }, { FC_WEIGHT_EXTRALIGHT, QFont::ExtraLight },
@@ -175,7 +175,7 @@ int qtWeight(int fcWeight)
             best = row[1];
         }
     }
-    return best;
+    return QFont::Weight(best);
 }
 
 quint32 fnv1a(const QString &text, quint32 seed = 2166136261u)

@@ -15,6 +15,9 @@
 class TAVOLIBGUI_EXPORT Progress : public virtual MAutoObj
 {
 public:
+    // Thrown out of any progress call once the user has stopped the job, so that the host's
+    // long loop unwinds; id() names the Progress that was stopped. Catch it where the work
+    // began.
     class TAVOLIBGUI_EXPORT CancelledException : public std::exception
     {
     public:

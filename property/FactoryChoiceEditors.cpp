@@ -288,7 +288,7 @@ void PropertyEditorFactory::applyStylesheet(
     if (stylesheet->isDefined() && sheet) {
         for (int i = 0; i < combo->count() && row < 0; ++i) {
             const QVariant data = combo->itemData(i);
-            if (data.type() == QVariant::String && data.toString() == sheet->name())
+            if (data.userType() == QMetaType::QString && data.toString() == sheet->name())
                 row = i;
         }
     }
@@ -347,7 +347,7 @@ void PropertyEditorFactory::stylesheetPropertyChanged(int)
         property->setUndefined(true);
     } else {
         property->setUndefined(false);
-        if (data.type() == QVariant::String && mStylesheetManager)
+        if (data.userType() == QMetaType::QString && mStylesheetManager)
             property->setStylesheet(
                 mStylesheetManager->stylesheet(property->stylesheetType(), data.toString()));
         else

@@ -1,5 +1,6 @@
 // The plain kinds of PropertyEditorFactory: integers, texts, booleans, switchable groups,
 // custom colours and lists; how each is made, shown again and written back.
+#include "core/QtCompat_p.h"
 #include "property/PropertyEditorFactory.h"
 
 #include "property/EditorKit_p.h"
@@ -603,7 +604,7 @@ void PropertyEditorFactory::insertPredefineAction(QAction *action)
 {
     if (!action)
         return;
-    for (QWidget *widget : action->associatedWidgets())
+    for (QWidget *widget : QtCompat::associatedWidgets(action))
         if (auto *line = qobject_cast<QLineEdit *>(widget)) {
             line->insert(action->data().toString());
             // decided: a predefine is committed at once, whatever the field's connection:

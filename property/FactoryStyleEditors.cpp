@@ -1,5 +1,6 @@
 // The style kinds of PropertyEditorFactory: brushes, pen styles, line heads and fonts over
 // the host's providers, and their refresh when a provider changed.
+#include "core/QtCompat_p.h"
 #include "property/PropertyEditorFactory.h"
 
 #include "property/EditorKit_p.h"
@@ -379,7 +380,7 @@ void PropertyEditorFactory::fontPropertyByMenuChanged(QAction *action)
     if (!action || !mFontProvider)
         return;
     QWidget *host = nullptr;
-    for (QWidget *widget : action->associatedWidgets())
+    for (QWidget *widget : QtCompat::associatedWidgets(action))
         if (toProperty(widget)) {
             host = widget;
             break;

@@ -122,6 +122,12 @@ QWidget *Device::scale(QWidget *widget)
     return widget;
 }
 
+QSize Device::logicalSize(const QPixmap &pixmap)
+{
+    const qreal ratio = pixmap.devicePixelRatio() > 0 ? pixmap.devicePixelRatio() : 1.0;
+    return QSize(qRound(pixmap.width() / ratio), qRound(pixmap.height() / ratio));
+}
+
 QSize Device::scaleSize(const QSize &size)
 {
     return QSize(int(scale(size.width()) + 0.5), int(scale(size.height()) + 0.5));
@@ -244,8 +250,9 @@ QPixmap Device::pixmap(const QString &name, const QColor *color)
     if (QPixmapCache::find(key, &result))
         return result;
 
+    // Drawn at the scaled size in logical pixels, so in device pixels at the ratio's times that.
     result = QPixmap(name);
-    const QSize target = scaleSize(result.size());
+    const QSize target = scaleSize(result.size()) * sPixelRatio;
     if (target != result.size())
         result = result.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     result.setDevicePixelRatio(sPixelRatio);

@@ -50,6 +50,9 @@ public:
     static QWidget *scale(QWidget *widget);
     // Each side scaled and rounded to nearest.
     static QSize scaleSize(const QSize &size);
+    // The size a pixmap covers when drawn, in logical pixels: its pixels over its device pixel
+    // ratio, rounded to nearest. Layout reads this, never the pixel count.
+    static QSize logicalSize(const QPixmap &pixmap);
     // A length in points in pixels at the screen's physical resolution.
     static double viewScale(double value);
 

@@ -158,8 +158,10 @@ QRect GuiStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
             const QPixmap stretch = cachedResourcePixmap(TitleStretch, 1, 18);
             const int w = titleWidth(group);
             const QPoint centre = group->rect.center();
-            return QRect(centre.x() - w / 2 + left.width(), 0, w - left.width() - right.width(),
-                stretch.height());
+            const int leftWidth = Device::logicalSize(left).width();
+            const int rightWidth = Device::logicalSize(right).width();
+            return QRect(centre.x() - w / 2 + leftWidth, 0, w - leftWidth - rightWidth,
+                Device::logicalSize(stretch).height());
         }
         if (subControl == SC_GroupBoxFrame)
             return group->rect;
@@ -253,11 +255,13 @@ void GuiStyle::drawButtonPanel(
             = cachedResourcePixmap(QStringLiteral(":res/images/button_normal_stretch.png"), 15, 26);
     }
     painter->drawPixmap(rect.topLeft(), left);
-    const QRect middle(rect.left() + left.width(), rect.top(),
-        rect.width() - left.width() - right.width(), left.height());
+    const QSize leftSize = Device::logicalSize(left);
+    const int rightWidth = Device::logicalSize(right).width();
+    const QRect middle(rect.left() + leftSize.width(), rect.top(),
+        rect.width() - leftSize.width() - rightWidth, leftSize.height());
     if (!stretch.isNull() && middle.isValid())
         painter->drawTiledPixmap(middle, stretch, QPoint());
-    painter->drawPixmap(QPoint(rect.left() - right.width() + rect.width(), rect.top()), right);
+    painter->drawPixmap(QPoint(rect.left() - rightWidth + rect.width(), rect.top()), right);
 
     if (hover && widget)
         painter->fillRect(widget->rect().adjusted(3, 5, -3, -5), QColor(31, 127, 31, 63));
@@ -331,7 +335,7 @@ void GuiStyle::drawSlider(
     if ((slider->subControls & SC_SliderGroove) && groove.isValid()) {
         const QPixmap bar = cachedResourcePixmap(SliderBar, 107, 9);
         const QRect target(int(groove.x() + Device::scale(5.0)), groove.y(),
-            int(groove.width() - Device::scale(10.0)), bar.height());
+            int(groove.width() - Device::scale(10.0)), Device::logicalSize(bar).height());
         if (!bar.isNull())
             painter->drawPixmap(target, bar);
     }
@@ -498,8 +502,7 @@ void GuiStyle::drawToolButtonLabel(
                 = QPixmap::fromImage(ColorizeImage(pixmap.toImage(), QColor(200, 200, 200, 255)));
             pixmap.setDevicePixelRatio(ratio);
         }
-        const qreal ratio = pixmap.devicePixelRatio() > 0 ? pixmap.devicePixelRatio() : 1.0;
-        logical = QSize(qRound(pixmap.width() / ratio), qRound(pixmap.height() / ratio));
+        logical = Device::logicalSize(pixmap);
     }
 
     if (tool->toolButtonStyle == Qt::ToolButtonIconOnly) {

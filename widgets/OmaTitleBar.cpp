@@ -1,4 +1,5 @@
 #include "widgets/OmaTitleBar.h"
+#include "core/QtCompat_p.h"
 #include "style/Device.h"
 #include "widgets/WindowButton.h"
 
@@ -283,7 +284,7 @@ void OmaTitleBar::mousePressEvent(QMouseEvent *event)
         return;
     }
     mDragging = true;
-    mDragOffset = event->globalPos() - win->frameGeometry().topLeft();
+    mDragOffset = TavoLib::QtCompat::globalPos(event) - win->frameGeometry().topLeft();
     event->accept();
 }
 
@@ -294,7 +295,7 @@ void OmaTitleBar::mouseMoveEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    win->move(event->globalPos() - mDragOffset);
+    win->move(TavoLib::QtCompat::globalPos(event) - mDragOffset);
     event->accept();
 }
 

@@ -3,6 +3,7 @@
 #include "style/Device.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QVector>
 
 using TavoLib::Device;

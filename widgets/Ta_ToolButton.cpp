@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
@@ -12,7 +14,8 @@ using TavoLib::Device;
 
 namespace {
 const char kColorize[] = "COLORIZEICON";
-}
+
+} // namespace
 
 Ta_ToolButton::Ta_ToolButton(QWidget *parent) : QToolButton(parent)
 {
@@ -107,7 +110,11 @@ void Ta_ToolButton::paintEvent(QPaintEvent *)
     const int arrow = arrowWidth();
     option.rect.setWidth(option.rect.width() - arrow);
     option.features &= ~(QStyleOptionToolButton::MenuButtonPopup | QStyleOptionToolButton::HasMenu);
-    option.icon = paintedIcon(option.iconSize, painter.device()->devicePixelRatioF());
+    // The device painted on, also when render() redirects the widget into a pixmap (Qt 6
+    // then names the widget as the painter's device).
+    const QPaintDevice *target
+        = painter.paintEngine() ? painter.paintEngine()->paintDevice() : painter.device();
+    option.icon = paintedIcon(option.iconSize, target->devicePixelRatioF());
     if (mPopup)
         option.state |= QStyle::State_On;
     painter.drawComplexControl(QStyle::CC_ToolButton, option);

@@ -20,7 +20,7 @@ file(MAKE_DIRECTORY ${_tavo_style_dir})
 file(CONFIGURE OUTPUT ${_tavo_style_dir}/TavoLibStyleImages.qrc CONTENT "${_tavo_style_qrc}")
 
 add_executable(tavo_style_images ${CMAKE_CURRENT_LIST_DIR}/StyleImageGenerator.cpp)
-target_link_libraries(tavo_style_images PRIVATE Qt5::Gui)
+target_link_libraries(tavo_style_images PRIVATE Qt::Gui)
 set_target_properties(tavo_style_images PROPERTIES AUTOMOC OFF AUTORCC OFF)
 add_custom_command(OUTPUT ${_tavo_style_pngs}
     COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0 QT_QPA_PLATFORM=offscreen
@@ -28,5 +28,5 @@ add_custom_command(OUTPUT ${_tavo_style_pngs}
     DEPENDS tavo_style_images
     COMMENT "Drawing the style images"
     VERBATIM)
-qt5_add_resources(_tavo_style_rcc ${_tavo_style_dir}/TavoLibStyleImages.qrc)
+qt_add_resources(_tavo_style_rcc ${_tavo_style_dir}/TavoLibStyleImages.qrc)
 target_sources(TavoLibGui PRIVATE ${_tavo_style_rcc})

@@ -14,6 +14,7 @@
 #include "core/ListProperty.h"
 #include "core/PenStyleProperty.h"
 #include "core/Point.h"
+#include "core/QtCompat_p.h"
 #include "core/SelectorProperty.h"
 #include "core/StringProperty.h"
 #include "core/StylesheetProperty.h"
@@ -367,7 +368,7 @@ private slots:
 
     void pointerTravelsThroughQueuedSignals()
     {
-        QVERIFY(QMetaType::type("TavoLib::Property::Ptr") != QMetaType::UnknownType);
+        QVERIFY(QtCompat::metaTypeRegistered("TavoLib::Property::Ptr"));
         Emitter emitter, receiver;
         // String-based, queued: the written signature must resolve and the value must be
         // copied into the event.

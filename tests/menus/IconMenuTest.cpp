@@ -60,7 +60,7 @@ private slots:
         // 30 rows above the current one do not fit above the combo box.
         QVERIFY(popup && popup->isVisible() && popup->hiddenTop() > 0);
         const QRect row = popup->visualRect(popup->model()->index(30, 0));
-        QCOMPARE(popup->viewport()->mapToGlobal(row.topLeft()).y(), mCombo->mapToGlobal({}).y());
+        QCOMPARE(popup->viewport()->mapToGlobal(row.topLeft()).y(), mCombo->mapToGlobal(QPoint()).y());
         // The first Down marks the current row; the next one moves.
         QTest::keyClick(popup, Qt::Key_Down);
         QCOMPARE(popup->currentIndex().row(), 30);

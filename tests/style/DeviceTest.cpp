@@ -162,7 +162,7 @@ private slots:
         const QColor red(Qt::red), blue(Qt::blue);
         QColor halfRed(Qt::red);
         halfRed.setAlpha(128);
-        QCOMPARE(Device::pixmap(name, 8, 8).size(), QSize(near(8), near(8)));
+        QCOMPARE(Device::logicalSize(Device::pixmap(name, 8, 8)), QSize(near(8), near(8)));
         const QPixmap r = Device::pixmap(name, 8, 8, &red);
         QVERIFY(r.cacheKey() != Device::pixmap(name, 8, 8, &blue).cacheKey());
         QCOMPARE(Device::pixmap(name, 8, 8, &halfRed).cacheKey(), r.cacheKey());
@@ -229,11 +229,11 @@ private slots:
         QVERIFY(thumb.width() <= thumb.height());
         // Natural size, scaled like scaleSize.
         const QPixmap natural = Device::pixmap(QStringLiteral(":res/images/slider_bar.png"));
-        QCOMPARE(natural.size(), Device::scaleSize(QSize(107, 9)));
+        QCOMPARE(Device::logicalSize(natural), Device::scaleSize(QSize(107, 9)));
         // Vector icons render at the scaled size asked for.
         const QPixmap svg
             = Device::pixmap(QStringLiteral(":/TavoLib/Controls/combobox-arrow"), 48, 48);
-        QCOMPARE(svg.size(), QSize(near(48), near(48)));
+        QCOMPARE(Device::logicalSize(svg), QSize(near(48), near(48)));
     }
 };
 

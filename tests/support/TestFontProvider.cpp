@@ -182,7 +182,7 @@ QFont TestFontProvider::qFont(short id, double pixelSize) const
     const Font *f = font(id);
     if (f && !f->missing) {
         result.setFamily(f->family);
-        result.setWeight(f->weight);
+        result.setWeight(QFont::Weight(f->weight));
         result.setItalic(f->italic);
     }
     if (pixelSize > 0 && pixelSize < 32768)

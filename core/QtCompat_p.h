@@ -1,0 +1,48 @@
+#pragma once
+// The few calls that Qt 5.15 and Qt 6 spell differently, so that the rest of the library is
+// written once against what both share. Internal: hosts never include it.
+
+#include <QAction>
+#include <QList>
+#include <QMetaType>
+#include <QMouseEvent>
+#include <QWidget>
+#include <QtGlobal>
+
+namespace TavoLib::QtCompat {
+
+/// The pointer's position on the screen, in logical pixels.
+inline QPoint globalPos(const QMouseEvent *event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return event->globalPosition().toPoint();
+#else
+    return event->globalPos();
+#endif
+}
+
+/// The widgets an action was added to (menus, tool buttons).
+inline QList<QWidget *> associatedWidgets(const QAction *action)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QList<QWidget *> widgets;
+    for (QObject *object : action->associatedObjects())
+        if (QWidget *widget = qobject_cast<QWidget *>(object))
+            widgets.append(widget);
+    return widgets;
+#else
+    return action->associatedWidgets();
+#endif
+}
+
+/// Whether a type was registered with the meta-type system under this name.
+inline bool metaTypeRegistered(const char *name)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QMetaType::fromName(name).isValid();
+#else
+    return QMetaType::type(name) != QMetaType::UnknownType;
+#endif
+}
+
+} // namespace TavoLib::QtCompat
