@@ -7,6 +7,7 @@
 #include "core/BrushProperty.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -95,6 +96,7 @@ QWidget *ListPropertyWidgetDelegate::createEditor(
     for (QWidget *child : editor->findChildren<QWidget *>())
         child->installEventFilter(self);
     mEditor = editor;
+    mFresh = true;
     mCell = cell;
     mIndex = index;
     return editor;
@@ -190,6 +192,17 @@ bool ListPropertyWidgetDelegate::eventFilter(QObject *object, QEvent *event)
     auto *widget = qobject_cast<QWidget *>(object);
     if (!widget || !holds(widget) || mFinishing)
         return false;
+    // The first character typed replaces the value, also the one that opened the editor
+    // (the view selects the text of a plain line edit only).
+    if (mFresh) {
+        mFresh = false;
+        if (!key->text().isEmpty() && key->text().at(0).isPrint()) {
+            if (auto *spin = qobject_cast<QAbstractSpinBox *>(widget))
+                spin->selectAll();
+            else if (auto *line = qobject_cast<QLineEdit *>(widget))
+                line->selectAll();
+        }
+    }
     if (key->key() == Qt::Key_Escape) {
         finishEdit(false, FocusToView);
         return true;

@@ -70,6 +70,8 @@ private:
     mutable TAutoPtr<Property> mCell;
     mutable TAutoPtr<Property> mScratch;
     mutable QPersistentModelIndex mIndex;
+    // No key has reached the open editor yet.
+    mutable bool mFresh = false;
     bool mFinishing = false;
 };
 

@@ -5,6 +5,7 @@
 #include "core/IntegerProperty.h"
 #include "core/ListProperty.h"
 #include "core/StringProperty.h"
+#include "core/UnitValueProperty.h"
 #include "property/ListPropertyWidget.h"
 
 #include <QApplication>
@@ -141,6 +142,23 @@ private slots:
         QCOMPARE(form.focus(), static_cast<QWidget *>(form.button("add")));
         QTest::keyClick(form.focus(), Qt::Key_Tab);
         QCOMPARE(form.focus(), static_cast<QWidget *>(form.button("delete")));
+    }
+
+    void typingReplacesAMeasure()
+    {
+        // The key that opens a unit field's editor starts a new value, as in a text cell.
+        ListProperty::Ptr list(new ListProperty("tabs", "Tabs",
+            new UnitValueProperty(
+                "tab", "Position", UnitValue(10, CUnit::MM), CUnit::MM, 0, 1000, 2)));
+        for (int i = 0; i < 60; ++i)
+            list->insertProperty(i);
+        Form form(list);
+        QSignalSpy changed(form.list, &ListPropertyWidget::propertiesChanged);
+        form.view()->setFocus();
+        form.type("25");
+        QTest::keyClick(form.focus(), Qt::Key_Return);
+        QCOMPARE(list->at(0)->toString(), QStringLiteral("25mm"));
+        QCOMPARE(changed.count(), 1);
     }
 
     void typedTextSurvivesTheButtons()
