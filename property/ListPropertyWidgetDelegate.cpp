@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
@@ -57,7 +58,13 @@ void ListPropertyWidgetDelegate::initStyleOption(
     const TAutoPtr<BrushProviderQt const> brushes = mFactory->brushProvider();
     if (brush && brush->isDefined() && brushes) {
         option->text = brushes->displayName(brush->brush());
-        option->icon = QIcon(brushes->preview(brush->brush(), option->decorationSize));
+        // Framed, so that a white fill shows on a white row.
+        QPixmap preview = brushes->preview(brush->brush(), option->decorationSize);
+        QPainter painter(&preview);
+        painter.setPen(option->palette.color(QPalette::Mid));
+        painter.drawRect(preview.rect().adjusted(0, 0, -1, -1));
+        painter.end();
+        option->icon = QIcon(preview);
         option->features |= QStyleOptionViewItem::HasDecoration;
     }
     if (mTranslator)
@@ -169,8 +176,11 @@ bool ListPropertyWidgetDelegate::holds(const QWidget *widget) const
 void ListPropertyWidgetDelegate::focusMoved(QWidget *, QWidget *now)
 {
     // The focus left the editor for another field of the window: the edit is done. A window
-    // that loses the focus, or a popup of the editor, leaves it open.
+    // that loses the focus, a popup or a dialog of the editor (a colour chooser), or a
+    // message over the window, leaves it open.
     if (!mEditor || mFinishing || !now || holds(now) || QApplication::activePopupWidget())
+        return;
+    if (now->window() != mView->window() && now->window()->isModal())
         return;
     finishEdit(true, FocusStays);
 }
