@@ -51,7 +51,7 @@ public:
     // default. A change shows at the next setValues, add or delete.
     void setViewThreshold(int count) { mViewThreshold = count; }
     int viewThreshold() const { return mViewThreshold; }
-    // The factory that builds the rows' editors.
+    // The factory that builds the rows' editors, or the one editor of a long list's view.
     PropertyEditorFactory *factory() { return &mFactory; }
 
 signals:

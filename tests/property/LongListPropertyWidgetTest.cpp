@@ -201,24 +201,18 @@ private slots:
 
     void shortListsKeepTheirRows()
     {
-        // Crossing the threshold switches between the view and the rows of live editors.
+        // Crossing the threshold switches between the view and rows of live editors.
         ListProperty::Ptr list = points(4);
-        ListPropertyWidget widget;
-        widget.setViewThreshold(3);
-        widget.setValues(list);
-        widget.show();
-        QVERIFY(widget.findChild<QTreeWidget *>("entries")->isVisible());
-        QVERIFY(widget.findChildren<QSpinBox *>().isEmpty());
-        widget.findChild<QTreeWidget *>("entries")->setCurrentItem(
-            widget.findChild<QTreeWidget *>("entries")->topLevelItem(0));
-        QToolButton *remove = nullptr;
-        for (auto *b : widget.findChildren<QToolButton *>("delete"))
-            if (b->isVisible())
-                remove = b;
-        QTest::mouseClick(remove, Qt::LeftButton);
-        widget.findChild<QSpinBox *>(); // rows again
-        QCOMPARE(widget.findChildren<QSpinBox *>().size(), 3);
-        QVERIFY(!widget.findChild<QTreeWidget *>("entries")->isVisible());
+        Form form(list);
+        form.list->setViewThreshold(3);
+        form.list->setValues(list);
+        form.settle();
+        QVERIFY(form.view()->isVisible());
+        QVERIFY(form.list->findChildren<QSpinBox *>().isEmpty());
+        QTest::mouseClick(form.button("delete"), Qt::LeftButton);
+        form.settle();
+        QCOMPARE(form.list->findChildren<QSpinBox *>().size(), 3);
+        QVERIFY(!form.view()->isVisible());
     }
 
     void aHostMayReloadOrDeleteFromItsHandler()
