@@ -338,8 +338,9 @@ void ListPropertyWidget::updateButtons()
     mDeleteButton->setVisible(mShowsView);
     mDeleteButton->setEnabled(mShowsView && canRemove && mView->currentItem());
     // Focus given to the list, as by Tab from the field before it, goes to the view of a long
-    // list (kept on purpose: to Add for rows, whose order in the chain the form lays later),
-    // or to Undefined while the list is.
+    // list, or to Undefined while the list is. Kept on purpose: to Add for rows, since with
+    // the first row as proxy Tab from the last row of a list alone in its window wraps into
+    // the rows again (Qt cannot chain a widget after the window's last one there).
     QWidget *first = undefined ? mUndefinedButton
         : mShowsView           ? static_cast<QWidget *>(mView)
                                : mAddButton;
