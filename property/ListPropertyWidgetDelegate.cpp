@@ -139,13 +139,21 @@ void ListPropertyWidgetDelegate::finishEdit(bool store, FocusAfter focus)
     if (!mEditor || mFinishing)
         return;
     mFinishing = true;
-    QWidget *editor = mEditor;
+    QPointer<ListPropertyWidgetDelegate> self(this);
+    QPointer<QWidget> editor = mEditor;
     bool changed = false;
     if (store) {
-        // A field commits what was typed into the copy as it loses the focus.
+        // A field commits what was typed into the copy as it loses the focus; a message it
+        // shows runs a loop in which a host may reload or delete the list.
         QWidget *focused = QApplication::focusWidget();
         if (focused && holds(focused))
             focused->clearFocus();
+        if (!self)
+            return;
+        if (!editor) {
+            mFinishing = false;
+            return;
+        }
         if (mScratch && mCell && mScratch->toString() != mCell->toString()) {
             mCell->copyValueFrom(*mScratch);
             changed = true;
