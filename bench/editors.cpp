@@ -2,6 +2,7 @@
 // properties (the kinds of the sample schema in proportion) through the factory, against the
 // floor, the same plain Qt widgets built directly (a QSpinBox for an integer, a QComboBox
 // with the same items for a selector, ...). Also applyPropertyValues over 100 shown editors.
+// Also a list of 500 elements shown as rows of editors and as a view.
 // Counters: "props" is the number of properties.
 #include "WidgetBenchMain.h"
 #include "core/ActivatableGroupProperty.h"
@@ -26,6 +27,7 @@
 #include "pickers/FontControllerQt.h"
 #include "pickers/LineHeadStyleControllerQt.h"
 #include "pickers/PenStyleControllerQt.h"
+#include "property/ListPropertyWidget.h"
 #include "property/PropertyEditorFactory.h"
 #include "sample/SampleSchema.h"
 
@@ -263,10 +265,38 @@ void BM_ApplyPropertyValues100(benchmark::State &state)
     state.counters["toggle"] = toggle ? 1 : 0;
 }
 
+// setValues and show of a list of 500 two-column elements (a length and a number), as rows of
+// live editors (argument 0) or as the view with one editor on demand (argument 1).
+void BM_ListWidget500(benchmark::State &state)
+{
+    PropertyDictionary columns;
+    columns.insertProperty(new UnitValueProperty(QStringLiteral("position"),
+        QStringLiteral("Position"), UnitValue(10, CUnit::MM), CUnit::MM, 0, 5000, 2));
+    columns.insertProperty(
+        new IntegerProperty(QStringLiteral("count"), QStringLiteral("Count"), 1, 0, 99));
+    ListProperty::Ptr list(new ListProperty(QStringLiteral("stops"), QStringLiteral("Stops"),
+        new GroupProperty(QStringLiteral("stop"), QStringLiteral("Stop"), columns), 0, 1000));
+    for (int i = 0; i < 500; ++i)
+        list->insertProperty(i);
+    const bool view = state.range(0) == 1;
+    for (auto _ : state) {
+        auto *widget = new ListPropertyWidget;
+        setUp(*widget->factory());
+        widget->setViewThreshold(view ? 50 : 1000);
+        widget->setValues(list);
+        widget->show();
+        QApplication::processEvents();
+        delete widget;
+    }
+    state.counters["elements"] = 500;
+    state.counters["view"] = view ? 1 : 0;
+}
+
 } // namespace
 
 BENCHMARK(BM_FactoryEditors)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PlainQtWidgets)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ApplyPropertyValues100)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_ListWidget500)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 TAVO_WIDGET_BENCHMARK_MAIN()
