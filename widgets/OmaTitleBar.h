@@ -15,7 +15,7 @@
 // - The float button toggles a QDockWidget between docked and floating and emits
 //   floatClicked() in any case, for hosts with their own docking.
 // - By keyboard: the bar takes the focus by Tab, the buttons follow it in the tab order; with
-//   the bar focused, Ctrl and the arrow keys move the window by ten pixels.
+//   the bar focused, Ctrl and the arrow keys move the window by ten pixels (at 96 dpi, scaled).
 //
 // The title follows the window's title unless setTitle() gives one; likewise the icon.
 #include "style/TavoLibGuiExport.h"
