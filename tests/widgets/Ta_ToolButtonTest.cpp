@@ -69,6 +69,12 @@ private slots:
             QCOMPARE(image.pixelColor(edge, centre.y()), QColor(0, 0, 160));
             QVERIFY(image.pixelColor(edge - 1, centre.y()) != QColor(0, 0, 160));
         }
+        // Grabbed at the screen's ratio (run at 1 and 2): recoloured and sharp there too.
+        const qreal ratio = button.devicePixelRatioF();
+        const QImage grabbed = button.grab().toImage();
+        QCOMPARE(grabbed.pixelColor(QPoint(14, 14) * ratio), QColor(0, 0, 160));
+        QCOMPARE(grabbed.pixelColor(int(8 * ratio), int(14 * ratio)), QColor(0, 0, 160));
+        QVERIFY(grabbed.pixelColor(int(8 * ratio) - 1, int(14 * ratio)) != QColor(0, 0, 160));
         button.setColorizeIcon(false);
         QCOMPARE(drawn(&button, 1.0).pixelColor(14, 14), QColor(Qt::red));
         button.setProperty("COLORIZEICON", true);
