@@ -113,9 +113,10 @@ QSize SearchPathsWidget::sizeHint() const
     // fill it and push the folder column out of view.
     const QSize hint = QWidget::sizeHint();
     const QHeaderView *header = mView->header();
-    const int boxes = header->sectionSizeHint(RelativeColumn) + header->sectionSizeHint(SubfolderColumn);
-    const int view = boxes + qMax(boxes, int(TavoLib::Device::scale(240.0))) + 2 * mView->frameWidth()
-        + mView->verticalScrollBar()->sizeHint().width();
+    const int boxes
+        = header->sectionSizeHint(RelativeColumn) + header->sectionSizeHint(SubfolderColumn);
+    const int view = boxes + qMax(boxes, int(TavoLib::Device::scale(240.0)))
+        + 2 * mView->frameWidth() + mView->verticalScrollBar()->sizeHint().width();
     return QSize(hint.width() + qMax(0, view - mView->sizeHint().width()), hint.height());
 }
 
