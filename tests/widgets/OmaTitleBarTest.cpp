@@ -73,6 +73,11 @@ private slots:
 
         const QPoint start = p.window.pos();
         const QPoint grip = p.bar->mapToGlobal(QPoint(20, 5));
+        // A click that wavers a little is no drag.
+        sendMouse(p.bar, QEvent::MouseButtonPress, grip, Qt::LeftButton);
+        sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(2, 1), Qt::LeftButton);
+        sendMouse(p.bar, QEvent::MouseButtonRelease, grip + QPoint(2, 1), Qt::NoButton);
+        QCOMPARE(p.window.pos(), start);
         sendMouse(p.bar, QEvent::MouseButtonPress, grip, Qt::LeftButton);
         sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(30, 15), Qt::LeftButton);
         sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(50, 25), Qt::LeftButton);
