@@ -13,10 +13,11 @@ cd "$(dirname "$0")"
 root=$(pwd)
 
 base_packages=(cmake ninja-build ccache g++ pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
-               libqt5x11extras5-dev qt5-image-formats-plugins libfontconfig-dev xvfb
+               libqt5x11extras5-dev qt5-image-formats-plugins libfontconfig-dev libxcb1-dev
+               xvfb openbox libxcb-xtest0-dev
                fonts-dejavu-core fonts-noto-core fonts-noto-mono fonts-liberation2 fonts-urw-base35)
 qt6_packages=(qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-5compat-dev qt6-image-formats-plugins
-              libxcb1-dev libgl-dev)
+              libgl-dev)
 bench_packages=(libbenchmark-dev libmuparser-dev libkproperty3-dev)
 docs_packages=(doxygen perl)
 fuzz_packages=(clang)

@@ -5,6 +5,7 @@
 #include "menus/MyComboBox.h"
 #include "style/Device.h"
 #include "widgets/DesignShadow.h"
+#include "widgets/X11Connection_p.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,52 +19,10 @@
 #include <QTimerEvent>
 #include <QWheelEvent>
 #include <algorithm>
-#include <cstdlib>
-
-// Whether X11 composites is asked through X11Extras on Qt 5 and of xcb directly on Qt 6, which
-// dropped QX11Info.
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-#include <QtGui/qguiapplication_platform.h>
-#include <xcb/xcb.h>
-#else
-#include <QX11Info>
-#endif
 
 using TavoLib::Device;
 
 namespace {
-// A compositing manager owns the selection "_NET_WM_CM_S<screen>" of the screen it serves.
-bool x11CompositingManagerRunning()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    auto *x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    xcb_connection_t *connection = x11 ? x11->connection() : nullptr;
-    if (!connection)
-        return false;
-    // The screen number is the one after the dot of the display name (":0.1"), 0 without.
-    const QByteArray display = qgetenv("DISPLAY");
-    const int dot = display.lastIndexOf('.');
-    const int colon = display.lastIndexOf(':');
-    const int screen = dot > colon ? display.mid(dot + 1).toInt() : 0;
-    const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(screen);
-    xcb_intern_atom_reply_t *atom = xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 1, uint16_t(name.size()), name.constData()), nullptr);
-    if (!atom)
-        return false;
-    const xcb_atom_t selection = atom->atom;
-    free(atom);
-    if (selection == XCB_ATOM_NONE)
-        return false;
-    xcb_get_selection_owner_reply_t *owner = xcb_get_selection_owner_reply(
-        connection, xcb_get_selection_owner(connection, selection), nullptr);
-    const bool running = owner && owner->owner != XCB_WINDOW_NONE;
-    free(owner);
-    return running;
-#else
-    return QX11Info::isCompositingManagerRunning();
-#endif
-}
-
 // Plain pixels and milliseconds of the hover scrolling, the same on every screen.
 constexpr int kMarkZone = 16;
 constexpr int kScrollStep = 20;
@@ -251,7 +210,7 @@ bool IconMenu::translucentWindows()
     // X11 shows translucent pixels only through a compositing manager; without one they are
     // black.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
-        return x11CompositingManagerRunning();
+        return TavoLib::X11::compositingManagerRunning();
     return true;
 }
 

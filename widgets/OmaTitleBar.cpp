@@ -2,7 +2,9 @@
 #include "core/QtCompat_p.h"
 #include "style/Device.h"
 #include "widgets/WindowButton.h"
+#include "widgets/WindowPosition_p.h"
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QKeyEvent>
 #include <QLayout>
@@ -150,6 +152,8 @@ void OmaTitleBar::setCollapsed(bool collapsed)
     mCollapse->setChecked(collapsed);
     QWidget *win = target();
     if (mContent && win != this) {
+        // A resize also moves the window to where Qt believes it is.
+        checkWindowPosition(win);
         if (collapsed) {
             mExpandedHeight = win->height();
             mContent->hide();
@@ -227,13 +231,27 @@ void OmaTitleBar::watchTarget()
     if (mWatched)
         mWatched->removeEventFilter(this);
     mWatched = now;
+    mPositionChecked = false;
     if (now)
         now->installEventFilter(this);
     update();
 }
 
+void OmaTitleBar::checkWindowPosition(QWidget *win)
+{
+    // Once each time the window shows: its window manager may have placed it without Qt
+    // learning where, and a move or resize from a wrong position would make it jump. Later
+    // positions are the ones the bar asked for.
+    if (mPositionChecked || !win->isWindow())
+        return;
+    mPositionChecked = true;
+    TavoLib::syncFramePosition(win);
+}
+
 bool OmaTitleBar::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == mWatched && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        mPositionChecked = false;
     if (watched == mWatched
         && (event->type() == QEvent::WindowTitleChange || event->type() == QEvent::WindowIconChange)) {
         update();
@@ -283,29 +301,38 @@ void OmaTitleBar::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    mDragging = true;
-    mDragOffset = TavoLib::QtCompat::globalPos(event) - win->frameGeometry().topLeft();
+    // The drag starts when the pointer has moved far enough: a click or a double click on the
+    // bar is no drag.
+    checkWindowPosition(win);
+    mDrag = DragPending;
+    mPressPos = TavoLib::QtCompat::globalPos(event);
     event->accept();
 }
 
 void OmaTitleBar::mouseMoveEvent(QMouseEvent *event)
 {
     QWidget *win = movableWindow();
-    if (!mDragging || !win || !(event->buttons() & Qt::LeftButton)) {
+    if (mDrag == NoDrag || !win || !(event->buttons() & Qt::LeftButton)) {
         event->ignore();
         return;
     }
-    win->move(TavoLib::QtCompat::globalPos(event) - mDragOffset);
     event->accept();
+    if (mDrag == DragPending) {
+        if ((TavoLib::QtCompat::globalPos(event) - mPressPos).manhattanLength() < QApplication::startDragDistance())
+            return;
+        mDrag = Dragging;
+        mDragOffset = mPressPos - win->frameGeometry().topLeft();
+    }
+    win->move(TavoLib::QtCompat::globalPos(event) - mDragOffset);
 }
 
 void OmaTitleBar::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!mDragging) {
+    if (mDrag == NoDrag) {
         event->ignore();
         return;
     }
-    mDragging = false;
+    mDrag = NoDrag;
     event->accept();
 }
 
@@ -315,7 +342,7 @@ void OmaTitleBar::mouseDoubleClickEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    mDragging = false;
+    mDrag = NoDrag;
     event->accept();
     setCollapsed(!mCollapsed);
 }
@@ -335,6 +362,7 @@ void OmaTitleBar::keyPressEvent(QKeyEvent *event)
             const int step = int(Device::scale(10.0));
             const QPoint by(key == Qt::Key_Left ? -step : key == Qt::Key_Right ? step : 0,
                 key == Qt::Key_Up ? -step : key == Qt::Key_Down ? step : 0);
+            checkWindowPosition(win);
             win->move(win->pos() + by);
             event->accept();
             return;

@@ -5,7 +5,7 @@
 // (WindowButtons) at its right end. It sits at the top of its window's layout.
 //
 // - Dragging the bar with the left button moves its window (the top-level window it is in,
-//   or the target set).
+//   or the target set), once the pointer has moved a little: a click is no drag.
 //   In a QDockWidget that is docked, the press is left to the dock widget, which drags
 //   itself out.
 // - A double click, the collapse button, or Space/Return while the bar has the focus
@@ -15,7 +15,7 @@
 // - The float button toggles a QDockWidget between docked and floating and emits
 //   floatClicked() in any case, for hosts with their own docking.
 // - By keyboard: the bar takes the focus by Tab, the buttons follow it in the tab order; with
-//   the bar focused, Ctrl and the arrow keys move the window by ten pixels.
+//   the bar focused, Ctrl and the arrow keys move the window by ten pixels (at 96 dpi, scaled).
 //
 // The title follows the window's title unless setTitle() gives one; likewise the icon.
 #include "style/TavoLibGuiExport.h"
@@ -87,6 +87,7 @@ private:
     void closeButtonClicked();
     void layoutButtons();
     void watchTarget();
+    void checkWindowPosition(QWidget *win);
     // The window the bar moves; null when a docked dock widget drags itself.
     QWidget *movableWindow() const;
     int barHeight() const;
@@ -101,9 +102,14 @@ private:
     QPointer<QWidget> mContent;
     bool mCollapsed = false;
     int mExpandedHeight = 0;
-    // Where in the window the drag took hold, or none while not dragging.
+    // A press waits to become a drag until the pointer moves far enough; then the bar moves
+    // the window, keeping where in the window the drag took hold.
+    enum DragState { NoDrag, DragPending, Dragging };
+    DragState mDrag = NoDrag;
+    QPoint mPressPos;
     QPoint mDragOffset;
-    bool mDragging = false;
+    // Whether the window's position was checked with the window system since it showed.
+    bool mPositionChecked = false;
     // The window whose title and icon the bar shows and follows.
     QPointer<QWidget> mWatched;
     QPointer<QWidget> mTarget;

@@ -1,6 +1,7 @@
 #include "widgets/SearchPathsWidget.h"
 
 #include "core/units/MakeRelativePath.h"
+#include "style/Device.h"
 #include "widgets/OmaFileIconProvider.h"
 #include "widgets/Ta_HeaderView.h"
 
@@ -11,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -103,6 +105,19 @@ void SearchPathsWidget::setSearchPaths(const std::deque<OmaLib::SearchPath> &pat
     if (mView->topLevelItemCount() > 0)
         mView->setCurrentItem(mView->topLevelItem(0));
     updateButtons();
+}
+
+QSize SearchPathsWidget::sizeHint() const
+{
+    // The tree's own hint is a fixed width: at higher densities the check columns alone would
+    // fill it and push the folder column out of view.
+    const QSize hint = QWidget::sizeHint();
+    const QHeaderView *header = mView->header();
+    const int boxes
+        = header->sectionSizeHint(RelativeColumn) + header->sectionSizeHint(SubfolderColumn);
+    const int view = boxes + qMax(boxes, int(TavoLib::Device::scale(240.0)))
+        + 2 * mView->frameWidth() + mView->verticalScrollBar()->sizeHint().width();
+    return QSize(hint.width() + qMax(0, view - mView->sizeHint().width()), hint.height());
 }
 
 QString SearchPathsWidget::absolutePath(const OmaLib::SearchPath &entry) const

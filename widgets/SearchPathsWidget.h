@@ -43,6 +43,9 @@ public:
 
     QTreeWidget *view() const { return mView; }
 
+    // Wide enough for both check columns beside a folder column wider than they are together.
+    QSize sizeHint() const override;
+
 public slots:
     // Adds `folder` (absolute) as a new last row, made current; a folder already listed only
     // becomes current. Empty text adds nothing. True when a row was added.

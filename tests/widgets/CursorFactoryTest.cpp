@@ -4,6 +4,7 @@
 #include "style/Device.h"
 #include "TestRegistry.h"
 
+#include <QGuiApplication>
 #include <QPixmap>
 #include <QTest>
 
@@ -36,10 +37,14 @@ private slots:
                 }
             }
         }
-        // The cached cursor has the screen's size and is made once.
+        // The cached cursor has the screen's size and ratio (run at ratio 1 and 2), its hot spot
+        // in logical pixels, and is made once.
         const QCursor zoom = CursorFactory::cursor(CursorFactory::ZoomInCursor);
-        QCOMPARE(zoom.pixmap().size() / zoom.pixmap().devicePixelRatio(),
-            Device::size(Device::SizeType8));
+        const QSize size = Device::size(Device::SizeType8);
+        QCOMPARE(Device::pixelRatio(), qApp->devicePixelRatio());
+        QCOMPARE(zoom.pixmap().devicePixelRatio(), Device::pixelRatio());
+        QCOMPARE(zoom.pixmap().size(), size * Device::pixelRatio());
+        QCOMPARE(zoom.hotSpot(), CursorFactory::hotSpot(CursorFactory::ZoomInCursor) * size.width() / 32);
         QCOMPARE(CursorFactory::cursor(CursorFactory::ZoomInCursor).pixmap().cacheKey(),
             zoom.pixmap().cacheKey());
         QCOMPARE(CursorFactory::cursor(CursorFactory::CursorType(99)).shape(), Qt::ArrowCursor);

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -72,6 +73,11 @@ private slots:
 
         const QPoint start = p.window.pos();
         const QPoint grip = p.bar->mapToGlobal(QPoint(20, 5));
+        // A click that wavers a little is no drag.
+        sendMouse(p.bar, QEvent::MouseButtonPress, grip, Qt::LeftButton);
+        sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(2, 1), Qt::LeftButton);
+        sendMouse(p.bar, QEvent::MouseButtonRelease, grip + QPoint(2, 1), Qt::NoButton);
+        QCOMPARE(p.window.pos(), start);
         sendMouse(p.bar, QEvent::MouseButtonPress, grip, Qt::LeftButton);
         sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(30, 15), Qt::LeftButton);
         sendMouse(p.bar, QEvent::MouseMove, grip + QPoint(50, 25), Qt::LeftButton);
@@ -110,7 +116,9 @@ private slots:
         const QPoint start = p.window.pos();
         QTest::keyClick(p.bar, Qt::Key_Right, Qt::ControlModifier);
         QTest::keyClick(p.bar, Qt::Key_Up, Qt::ControlModifier);
-        QCOMPARE(p.window.pos(), start + QPoint(10, -10));
+        // Ten pixels at 96 dpi, scaled like every other length.
+        const int step = int(TavoLib::Device::scale(10.0));
+        QCOMPARE(p.window.pos(), start + QPoint(step, -step));
         QTest::keyClick(p.bar, Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), p.bar->button(OmaTitleBar::CollapseButton));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -150,6 +158,8 @@ private slots:
             button.resize(button.sizeHint());
             QCOMPARE(button.sizeHint(), TavoLib::Device::scaleSize(QSize(16, 16)));
             int previous = 0;
+            int atScreenRatio = 0;
+            const qreal screenRatio = button.devicePixelRatioF();
             for (qreal ratio : { 1.0, 2.0 }) {
                 QPixmap pixmap(button.size() * ratio);
                 pixmap.setDevicePixelRatio(ratio);
@@ -163,7 +173,17 @@ private slots:
                     QVERIFY2(dark > previous * 2,
                         qPrintable(QStringLiteral("%1 then %2").arg(previous).arg(dark)));
                 previous = dark;
+                if (ratio == screenRatio)
+                    atScreenRatio = dark;
             }
+            // Grabbed from the widget at the screen's ratio (run at 1 and 2), the same drawing.
+            const QPixmap grabbed = button.grab();
+            QCOMPARE(grabbed.devicePixelRatio(), screenRatio);
+            QImage image(grabbed.size(), QImage::Format_ARGB32);
+            image.setDevicePixelRatio(screenRatio);
+            image.fill(Qt::white);
+            QPainter(&image).drawImage(0, 0, grabbed.toImage());
+            QCOMPARE(darkPixels(image), atScreenRatio);
         }
     }
 };

@@ -5,6 +5,7 @@
 #include "TestRegistry.h"
 
 #include <QDir>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -94,9 +95,19 @@ private slots:
         ScriptedPaths widget;
         widget.setBasePath(dir.filePath("doc"));
         widget.setSearchPaths({ entry(dir.filePath("doc/fonts"), false, true), entry("/", false) });
+        // Its own size: a top-level window's first size is also bounded by the (small) screen.
+        widget.resize(widget.sizeHint());
         widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
         QSignalSpy changed(&widget, &SearchPathsWidget::searchPathsChanged);
         QTreeWidget *view = widget.view();
+        // At its own size, at any density: the boxes in view without scrolling, beside a folder
+        // column at least as wide as both of theirs.
+        const QHeaderView *header = view->header();
+        QVERIFY(header->length() <= view->viewport()->width());
+        QVERIFY(header->sectionSize(SearchPathsWidget::PathColumn)
+            >= header->sectionSize(SearchPathsWidget::RelativeColumn)
+                + header->sectionSize(SearchPathsWidget::SubfolderColumn));
 
         // A click on the Relative box of the first row.
         auto clickBox = [&](int row) {

@@ -46,6 +46,8 @@ private slots:
         auto *layout = new QHBoxLayout(&window);
         auto *label = new Ta_PathLabel(kPath);
         layout->addWidget(label);
+        // Its own size: a top-level window's first size is also bounded by the (small) screen.
+        window.resize(window.sizeHint());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QCOMPARE(label->text(), kPath);
