@@ -3,6 +3,7 @@
 // written once against what both share. Internal: hosts never include it.
 
 #include <QAction>
+#include <QIcon>
 #include <QList>
 #include <QMetaType>
 #include <QMouseEvent>
@@ -33,6 +34,18 @@ inline QList<QWidget *> associatedWidgets(const QAction *action)
 #else
     return action->associatedWidgets();
 #endif
+}
+
+/// The icon drawn into exactly `device` pixels, ratio 1 (Qt 6 would multiply by the screen's).
+inline QPixmap iconPixmapInDevicePixels(const QIcon &icon, const QSize &device)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QPixmap pixmap = icon.pixmap(device, 1.0);
+#else
+    QPixmap pixmap = icon.pixmap(device);
+#endif
+    pixmap.setDevicePixelRatio(1.0);
+    return pixmap;
 }
 
 /// Whether a type was registered with the meta-type system under this name.

@@ -198,7 +198,10 @@ QPixmap Device::pixmap(const QIcon &icon, int width, int height, const QColor *c
 
     const QSize request(int(scale(width) + 0.5), int(scale(height) + 0.5));
     result = icon.pixmap(request, QIcon::Normal, QIcon::Off);
-    result.setDevicePixelRatio(sPixelRatio);
+    // Qt 6 (and Qt 5 with high-DPI pixmaps) renders at the application's ratio and says so;
+    // Qt 5 otherwise gives ratio 1, which is set here.
+    if (qFuzzyCompare(result.devicePixelRatio(), 1.0))
+        result.setDevicePixelRatio(sPixelRatio);
     result = recolored(result, color);
     if (!name.isEmpty())
         QPixmapCache::insert(key, result);

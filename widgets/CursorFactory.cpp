@@ -1,4 +1,5 @@
 #include "widgets/CursorFactory.h"
+#include "core/QtCompat_p.h"
 #include "style/Device.h"
 
 #include <QHash>
@@ -52,7 +53,8 @@ QCursor CursorFactory::createCursor(CursorType type, const QSize &size, qreal ra
         return QCursor(Qt::ArrowCursor);
     // Rendered at the device size itself: the SVG engine draws exactly the size asked for.
     const QSize device(qRound(size.width() * ratio), qRound(size.height() * ratio));
-    QPixmap pixmap = QIcon(QString::fromLatin1(art->name)).pixmap(device);
+    QPixmap pixmap
+        = QtCompat::iconPixmapInDevicePixels(QIcon(QString::fromLatin1(art->name)), device);
     if (pixmap.isNull() || pixmap.size() != device)
         return QCursor(Qt::CrossCursor);
     pixmap.setDevicePixelRatio(ratio);

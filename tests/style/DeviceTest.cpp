@@ -184,7 +184,8 @@ private slots:
         QVERIFY(sawRed);
 
         QVERIFY(!cached(name + "/SizeType: 3/Color: none"));
-        QCOMPARE(Device::pixmap(name, Device::SizeType3).size(), Device::size(Device::SizeType3));
+        QCOMPARE(Device::logicalSize(Device::pixmap(name, Device::SizeType3)),
+            Device::size(Device::SizeType3));
         QVERIFY(cached(name + "/SizeType: 3/Color: none"));
 
         // A "%1" in a name is text, not a place for the next number.

@@ -104,8 +104,10 @@ private slots:
         const int w = int(Device::scale(20.0));
         const QRect label
             = mStyle->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel);
-        QCOMPARE(label,
-            QRect(option.rect.center().x() - w / 2 + cap.width(), 0, w - 2 * cap.width(), 18));
+        const int capWidth = Device::logicalSize(cap).width();
+        QCOMPARE(label, QRect(option.rect.center().x() - w / 2 + capWidth, 0, w - 2 * capWidth,
+                            Device::logicalSize(Device::pixmap(
+                                QStringLiteral(":res/images/title_stretch.png"), 1, 18)).height()));
         QStyleOptionComplex wrong;
         QCOMPARE(
             mStyle->subControlRect(QStyle::CC_GroupBox, &wrong, QStyle::SC_GroupBoxLabel), QRect());

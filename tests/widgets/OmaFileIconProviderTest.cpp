@@ -47,7 +47,7 @@ private slots:
             const QIcon icon = P::iconOf(P::Kind(kind));
             for (int size : { 16, 37, 128 }) {
                 const QPixmap pixmap = icon.pixmap(QSize(size, size));
-                QCOMPARE(pixmap.width(), size);
+                QCOMPARE(qRound(pixmap.width() / pixmap.devicePixelRatio()), size);
                 QVERIFY(opaquePixels(pixmap.toImage()) > size * size / 6);
             }
             images[kind] = icon.pixmap(QSize(32, 32)).toImage();

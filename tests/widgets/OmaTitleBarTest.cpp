@@ -157,25 +157,26 @@ private slots:
             WindowButton button(type);
             button.resize(button.sizeHint());
             QCOMPARE(button.sizeHint(), TavoLib::Device::scaleSize(QSize(16, 16)));
-            int previous = 0;
-            int atScreenRatio = 0;
             const qreal screenRatio = button.devicePixelRatioF();
-            for (qreal ratio : { 1.0, 2.0 }) {
-                QPixmap pixmap(button.size() * ratio);
+            const auto renderedDark = [&button](qreal ratio) {
+                QPixmap pixmap((QSizeF(button.size()) * ratio).toSize());
                 pixmap.setDevicePixelRatio(ratio);
                 pixmap.fill(Qt::white);
                 button.render(&pixmap);
+                return darkPixels(pixmap.toImage());
+            };
+            int previous = 0;
+            for (qreal ratio : { 1.0, 2.0 }) {
                 // A glyph, and at ratio 2 one that fills the device's pixels (lines twice as
                 // long and thick), not the ratio 1 drawing in a corner.
-                const int dark = darkPixels(pixmap.toImage());
+                const int dark = renderedDark(ratio);
                 QVERIFY(dark > 4);
                 if (previous)
                     QVERIFY2(dark > previous * 2,
                         qPrintable(QStringLiteral("%1 then %2").arg(previous).arg(dark)));
                 previous = dark;
-                if (ratio == screenRatio)
-                    atScreenRatio = dark;
             }
+            const int atScreenRatio = renderedDark(screenRatio);
             // Grabbed from the widget at the screen's ratio (run at 1 and 2), the same drawing.
             const QPixmap grabbed = button.grab();
             QCOMPARE(grabbed.devicePixelRatio(), screenRatio);
