@@ -258,6 +258,42 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
     delete row;
 }
 
+void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
+{
+    if (!mTreeWidget)
+        return;
+    // Qt walks every expanded row's persistent index at each removal from the model, so
+    // rows that go together leave it together.
+    QSet<QTreeWidgetItem *> rows;
+    bool allTopLevel = true;
+    for (QtBrowserItem *item : items) {
+        if (QTreeWidgetItem *row = treeItem(item)) {
+            rows.insert(row);
+            allTopLevel = allTopLevel && !row->parent();
+        }
+    }
+    if (rows.isEmpty())
+        return;
+    // A current row that goes is let go first, as its removal would: else Qt makes a
+    // neighbour current while the rows leave, before the framework has told of the removal.
+    for (QTreeWidgetItem *up = mTreeWidget->currentItem(); up; up = up->parent()) {
+        if (rows.contains(up)) {
+            mBrowser->setCurrentItem(nullptr);
+            break;
+        }
+    }
+    if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
+        mTreeWidget->invisibleRootItem()->takeChildren();
+        return;
+    }
+    for (QTreeWidgetItem *row : qAsConst(rows)) {
+        if (QTreeWidgetItem *parent = row->parent())
+            parent->removeChild(row);
+        else
+            mTreeWidget->takeTopLevelItem(mTreeWidget->indexOfTopLevelItem(row));
+    }
+}
+
 void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expanded)
 {
     if (item->childCount() > 0) {

@@ -59,6 +59,9 @@ public:
 
     void propertyInserted(QtBrowserItem *item, QtBrowserItem *afterItem);
     void propertyRemoved(QtBrowserItem *item);
+    // Takes the rows of the items, with their children, out of the tree in one step each
+    // (all top-level rows in one); propertyRemoved then deletes the loose rows one by one.
+    void takeRows(const QList<QtBrowserItem *> &items);
     void propertyChanged(QtBrowserItem *item);
     // Shows the row's property again: value, look, the open editor's height, enabled state.
     void updateItem(QTreeWidgetItem *item);

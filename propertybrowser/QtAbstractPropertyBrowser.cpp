@@ -34,7 +34,10 @@ public:
     explicit QtAbstractPropertyBrowserPrivate(QtAbstractPropertyBrowser *browser) : q(browser) { }
 
     QtBrowserItem *insertTree(QtProperty *property, QtBrowserItem *parent, QtBrowserItem *after);
-    void removeTree(QtBrowserItem *item);
+    // `announce` tells the subclass first when the tree has more than the one item.
+    void removeTree(QtBrowserItem *item, bool announce = true);
+    // Every item, when they all show properties the manager's clear is about to delete.
+    void removeAllForClear(QtAbstractPropertyManager *manager);
     void watchManager(QtAbstractPropertyManager *manager);
     void managerGone(QtAbstractPropertyManager *manager);
 
@@ -67,6 +70,9 @@ public:
     QHash<QtAbstractPropertyManager *, QPointer<QtAbstractEditorFactoryBase>> mFactories;
     QList<QtAbstractPropertyManager *> mManagers;
     QtBrowserItem *mCurrentItem = nullptr;
+    // The clear of a manager already looked at: (manager, its count of clears).
+    const QtAbstractPropertyManager *mClearManager = nullptr;
+    quint32 mClearCount = 0;
 };
 
 QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
@@ -117,8 +123,10 @@ QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
     return root;
 }
 
-void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item)
+void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item, bool announce)
 {
+    if (announce && !item->mChildren.isEmpty())
+        q->itemsAboutToBeRemoved({ item });
     // Post order without recursion: children first, in their order, each while it still
     // stands among its siblings.
     struct Pending
@@ -225,8 +233,34 @@ void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
         q->itemChanged(item);
 }
 
+void QtAbstractPropertyBrowserPrivate::removeAllForClear(QtAbstractPropertyManager *manager)
+{
+    // Once per clear: the first property that goes decides for all.
+    if (mClearManager == manager && mClearCount == manager->mClearCount)
+        return;
+    mClearManager = manager;
+    mClearCount = manager->mClearCount;
+    if (mTopLevelItems.isEmpty())
+        return;
+    for (auto it = mPropertyToItems.cbegin(); it != mPropertyToItems.cend(); ++it) {
+        if (!manager->mProperties.contains(it.key()))
+            return;
+    }
+    const QList<QtBrowserItem *> items = mTopLevelItems;
+    q->itemsAboutToBeRemoved(items);
+    for (QtBrowserItem *item : items) {
+        // A listener of a removal may have changed the top level meanwhile.
+        if ((!mTopLevelItems.isEmpty() && mTopLevelItems.first() == item)
+            || mTopLevelItems.contains(item))
+            removeTree(item, false);
+    }
+}
+
 void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
 {
+    QtAbstractPropertyManager *manager = property->propertyManager();
+    if (manager && manager->mClearing)
+        removeAllForClear(manager);
     // Each removal may take further items of the property with it, when one place stands
     // inside another; so the list is read again after each.
     while (true) {
@@ -335,6 +369,8 @@ bool QtAbstractPropertyBrowser::addFactory(
     d->mFactories.insert(manager, factory);
     return true;
 }
+
+void QtAbstractPropertyBrowser::itemsAboutToBeRemoved(const QList<QtBrowserItem *> &) { }
 
 QWidget *QtAbstractPropertyBrowser::createEditor(QtProperty *property, QWidget *parent)
 {

@@ -23,11 +23,14 @@
 #include <QPointer>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeWidget>
+
+Q_DECLARE_METATYPE(QtBrowserItem *)
 
 using namespace TavoLib;
 
@@ -576,6 +579,57 @@ private slots:
         // The next click opens an editor of a row that stays.
         QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
         QTRY_VERIFY(t.editor());
+    }
+
+    // Rows that go together leave the tree at once; the current row and the open editor
+    // go with them, the browser hears of the current row's removal first, and its current
+    // item is the tree's whatever Qt makes current afterwards.
+    void groupsAndClearsLeaveAtOnce()
+    {
+        qRegisterMetaType<QtBrowserItem *>();
+        Tree t;
+        QSignalSpy current(t.browser, &QtAbstractPropertyBrowser::currentItemChanged);
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
+        QTRY_VERIFY(t.editor());
+        QPointer<QWidget> editor = t.editor();
+        QCOMPARE(t.browser->currentItem(), t.item("Count"));
+        current.clear();
+        t.browser->removeProperty(t.item("Box")->property());
+        QVERIFY(current.count() >= 1);
+        QCOMPARE(current.first().first().value<QtBrowserItem *>(), nullptr);
+        QTRY_VERIFY(!editor);
+        const auto treeCurrent = [&t] {
+            QTreeWidgetItem *row = t.tree()->currentItem();
+            return row ? t.item(row->text(0)) : nullptr;
+        };
+        QCOMPARE(t.browser->currentItem(), treeCurrent());
+        QVERIFY(!t.row("Count") && !t.row("Box"));
+        QCOMPARE(t.tree()->topLevelItemCount(), 1);
+
+        // A clear of the manager while a row is current and edited.
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        editor = t.editor();
+        current.clear();
+        t.manager->clear();
+        QCOMPARE(current.count(), 1);
+        QCOMPARE(current.first().first().value<QtBrowserItem *>(), nullptr);
+        QVERIFY(!t.tree()->currentItem());
+        QCOMPARE(t.tree()->topLevelItemCount(), 0);
+        QVERIFY(t.browser->topLevelItems().isEmpty());
+        QTRY_VERIFY(!editor);
+
+        // Rows loaded again open their editors, and keep the expansion the user left.
+        PropertyDictionary box;
+        box.insertProperty(t.shown);
+        PropertyDictionary rows;
+        rows.insertProperty(new GroupProperty("box", "Box", box));
+        rows.insertProperty(t.name);
+        t.manager->addProperties(rows, new Sample::EmptyObject);
+        QVERIFY(t.row("Box")->isExpanded());
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        QCOMPARE(t.browser->currentItem(), t.item("Name"));
     }
 };
 
