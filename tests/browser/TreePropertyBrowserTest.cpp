@@ -631,6 +631,25 @@ private slots:
         QTRY_VERIFY(t.editor());
         QCOMPARE(t.browser->currentItem(), t.item("Name"));
     }
+
+    // Rows are laid out by height alone, yet a double click on the name header still fits
+    // the column to the longest name, and rows of other scripts or lines keep their height.
+    void columnFitsItsNamesAfterLayout()
+    {
+        Tree t;
+        t.browser->setResizeMode(TreePropertyBrowser::Interactive);
+        t.browser->setSplitterPosition(12);
+        QHeaderView *header = t.tree()->header();
+        QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, QPoint(6, header->height() / 2));
+        const int indent = 2 * t.tree()->indentation();
+        QVERIFY2(header->sectionSize(0) >= indent + t.tree()->fontMetrics().horizontalAdvance("Shown"),
+            qPrintable(QString::number(header->sectionSize(0))));
+        const int plain = t.tree()->visualItemRect(t.row("Name")).height();
+        QVERIFY(plain > 0);
+        t.name->setValue(QStringLiteral("a\nb"));
+        t.manager->propertyValueChanged(t.item("Name")->property());
+        QTRY_VERIFY(t.tree()->visualItemRect(t.row("Name")).height() > plain);
+    }
 };
 
 TAVO_TEST(TreePropertyBrowserTest)
