@@ -18,8 +18,7 @@ using namespace TreeRows;
 
 void CellSizeCache::keep(const QStyleOptionViewItem &option)
 {
-    if (option.font != mFont || option.decorationSize != mDecoration
-        || mSizes.size() > 20000) {
+    if (option.font != mFont || option.decorationSize != mDecoration || mSizes.size() > 20000) {
         mSizes.clear();
         mHeights.clear();
         mFont = option.font;

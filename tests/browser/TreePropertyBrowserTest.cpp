@@ -25,10 +25,10 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QVBoxLayout>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 
 Q_DECLARE_METATYPE(QtBrowserItem *)
 
@@ -642,7 +642,8 @@ private slots:
         QHeaderView *header = t.tree()->header();
         QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, QPoint(6, header->height() / 2));
         const int indent = 2 * t.tree()->indentation();
-        QVERIFY2(header->sectionSize(0) >= indent + t.tree()->fontMetrics().horizontalAdvance("Shown"),
+        QVERIFY2(
+            header->sectionSize(0) >= indent + t.tree()->fontMetrics().horizontalAdvance("Shown"),
             qPrintable(QString::number(header->sectionSize(0))));
         const int plain = t.tree()->visualItemRect(t.row("Name")).height();
         QVERIFY(plain > 0);
