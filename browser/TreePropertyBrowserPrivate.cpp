@@ -341,9 +341,14 @@ void TreePropertyBrowserPrivate::showValue(QTreeWidgetItem *item, QtProperty *pr
         const QString text = property->valueText();
         // A new text of the same one-line look changes no row's height or column width:
         // the view is not told cell by cell (each time it would look the row up from the
-        // top), the viewport is painted again once.
-        const bool sameLook = item->text(1) != text && icon.isNull() == item->icon(1).isNull()
-            && !isMultiLineRow(item) && !stringOf(property)
+        // top), the viewport is painted again once. A string qualifies when both texts are
+        // plain lines and no placeholder changes its look.
+        const TAutoPtr<const StringProperty> string = stringOf(property);
+        const QString shown = item->text(1);
+        const bool sameLook = shown != text && icon.isNull() == item->icon(1).isNull()
+            && !isMultiLineRow(item)
+            && (!string
+                || (string->placeholderText().isEmpty() && isPlainLine(text) && isPlainLine(shown)))
             && mTreeWidget->header()->sectionResizeMode(1) != QHeaderView::ResizeToContents;
         setIcon(item, 1, icon);
         if (sameLook) {

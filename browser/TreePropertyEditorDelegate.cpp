@@ -54,10 +54,8 @@ QSize CellSizeCache::findHeight(const QStyleOptionViewItem &option, const QModel
     if (display.isValid() && display.userType() != QMetaType::QString)
         return QSize();
     const QString text = display.toString();
-    for (const QChar c : text) {
-        if (c.unicode() > 0xff || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
-            return QSize();
-    }
+    if (!isPlainLine(text))
+        return QSize();
     keep(option);
     // A null text takes no line at all, an empty one a line.
     mHeightKey = text.isNull() ? QStringLiteral("0") : QStringLiteral("1");
