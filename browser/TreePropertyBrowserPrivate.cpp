@@ -221,22 +221,33 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
         return;
     QTreeWidgetItem *after = treeItem(afterItem);
     QTreeWidgetItem *parent = treeItem(item->parent());
-    // A null `after` puts the row first, as the framework means it.
-    auto *row = parent ? new QTreeWidgetItem(parent, after) : new QTreeWidgetItem(mTreeWidget, after);
+    QtProperty *property = item->property();
+    // The row is filled before it goes into the tree: a loose row tells the view nothing,
+    // while each cell set in the tree is a change the view handles one by one.
+    auto *row = new QTreeWidgetItem;
     mItemToIndex[row] = item;
     mIndexToItem[item] = row;
     row->setFlags(row->flags() | Qt::ItemIsEditable);
-    // A top-level row comes as the user left the row of its name, also one rebuilt.
-    setExpanded(row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(item->property()), true));
     // Known once per row: asking the property is a cast per painted cell.
-    if (isMultiLine(item->property())) {
+    if (isMultiLine(property)) {
         ++mMultiLineRows;
         mMultiLineItems.insert(row);
     }
+    showValue(row, property);
+    // A null `after` puts the row first, as the framework means it.
+    if (parent)
+        parent->insertChild(parent->indexOfChild(after) + 1, row);
+    else
+        mTreeWidget->insertTopLevelItem(mTreeWidget->indexOfTopLevelItem(after) + 1, row);
+    // A top-level row comes as the user left the row of its name, also one rebuilt.
+    setExpanded(
+        row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(property), true));
     // The parent shows its first child now, as it was asked to when it came.
     if (parent && mExpandWhenFilled.remove(parent))
         parent->setExpanded(true);
-    updateItem(row);
+    // What depends on the row's place: its enabled state under its parent.
+    syncEnabled(row, property);
+    mTreeWidget->viewport()->update();
     mBrowser->setBackgroundColor(item, calculatedBackgroundColor(item));
 }
 
