@@ -294,7 +294,17 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
         }
     }
     if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
-        mTreeWidget->invisibleRootItem()->takeChildren();
+        // Every row goes: the rows and their bookkeeping are dropped at once, and the
+        // removals the framework reports next find no row left to take.
+        const QList<QTreeWidgetItem *> taken = mTreeWidget->invisibleRootItem()->takeChildren();
+        mDelegate->forgetItem(mDelegate->editedItem());
+        mIndexToItem.clear();
+        mItemToIndex.clear();
+        mIndexToBackgroundColor.clear();
+        mExpandWhenFilled.clear();
+        mMultiLineItems.clear();
+        mMultiLineRows = 0;
+        qDeleteAll(taken);
         return;
     }
     for (QTreeWidgetItem *row : qAsConst(rows)) {
