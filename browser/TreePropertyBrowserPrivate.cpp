@@ -285,18 +285,19 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
     }
     if (rows.isEmpty())
         return;
-    // A current row that goes is let go first, as its removal would: else Qt makes a
-    // neighbour current while the rows leave, before the framework has told of the removal.
+    // The framework has let the current item go already; a tree whose current row goes
+    // all the same lets it go quietly, else Qt makes a neighbour current as the rows leave.
     for (QTreeWidgetItem *up = mTreeWidget->currentItem(); up; up = up->parent()) {
         if (rows.contains(up)) {
-            mBrowser->setCurrentItem(nullptr);
+            const QSignalBlocker quiet(mTreeWidget);
+            mTreeWidget->setCurrentItem(nullptr);
             break;
         }
     }
     if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
         // Every row goes: the rows and their bookkeeping are dropped at once, and the
-        // removals the framework reports next find no row left to take.
-        const QList<QTreeWidgetItem *> taken = mTreeWidget->invisibleRootItem()->takeChildren();
+        // removals the framework reports next find no row left to take. The tables go
+        // first, so that rows a listener adds while the rows leave keep theirs.
         mDelegate->forgetItem(mDelegate->editedItem());
         mIndexToItem.clear();
         mItemToIndex.clear();
@@ -304,10 +305,13 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
         mExpandWhenFilled.clear();
         mMultiLineItems.clear();
         mMultiLineRows = 0;
-        qDeleteAll(taken);
+        qDeleteAll(mTreeWidget->invisibleRootItem()->takeChildren());
         return;
     }
     for (QTreeWidgetItem *row : qAsConst(rows)) {
+        // A listener told of a change of the current row may have removed rows meanwhile.
+        if (!mItemToIndex.contains(row))
+            continue;
         if (QTreeWidgetItem *parent = row->parent())
             parent->removeChild(row);
         else

@@ -64,6 +64,28 @@ public:
         return nullptr;
     }
 
+    // Whether `item` is `root` or stands under it.
+    static bool inTree(const QtBrowserItem *item, const QtBrowserItem *root)
+    {
+        for (; item; item = item->mParent) {
+            if (item == root)
+                return true;
+        }
+        return false;
+    }
+    // Whether `item` is still one of the property's items; the pointers are only compared.
+    bool holds(const QtProperty *property, const QtBrowserItem *item) const
+    {
+        const auto found = mPropertyToItems.constFind(const_cast<QtProperty *>(property));
+        return found != mPropertyToItems.constEnd()
+            && found->contains(const_cast<QtBrowserItem *>(item));
+    }
+    void releaseCurrentItem()
+    {
+        mCurrentItem = nullptr;
+        emit q->currentItemChanged(nullptr);
+    }
+
     QtAbstractPropertyBrowser *q;
     QList<QtBrowserItem *> mTopLevelItems;
     QHash<QtProperty *, QList<QtBrowserItem *>> mPropertyToItems;
@@ -125,8 +147,18 @@ QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
 
 void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item, bool announce)
 {
-    if (announce && !item->mChildren.isEmpty())
-        q->itemsAboutToBeRemoved({ item });
+    if (announce) {
+        // A current item in the tree is let go before anything is taken, while the tree
+        // still stands whole; a listener may change the tree, so the item is looked up again.
+        if (mCurrentItem && inTree(mCurrentItem, item)) {
+            QtProperty *property = item->mProperty;
+            releaseCurrentItem();
+            if (!holds(property, item))
+                return;
+        }
+        if (!item->mChildren.isEmpty())
+            q->itemsAboutToBeRemoved({ item });
+    }
     // Post order without recursion: children first, in their order, each while it still
     // stands among its siblings.
     struct Pending
@@ -240,10 +272,20 @@ void QtAbstractPropertyBrowserPrivate::removeAllForClear(QtAbstractPropertyManag
         return;
     mClearManager = manager;
     mClearCount = manager->mClearCount;
-    if (mTopLevelItems.isEmpty())
+    // Only when every item shows a property the clear deletes.
+    const auto allGoing = [this, manager] {
+        for (auto it = mPropertyToItems.cbegin(); it != mPropertyToItems.cend(); ++it) {
+            if (!manager->mProperties.contains(it.key()))
+                return false;
+        }
+        return !mTopLevelItems.isEmpty();
+    };
+    if (!allGoing())
         return;
-    for (auto it = mPropertyToItems.cbegin(); it != mPropertyToItems.cend(); ++it) {
-        if (!manager->mProperties.contains(it.key()))
+    if (mCurrentItem) {
+        // Let go while all still stands; a listener may change the items, so look again.
+        releaseCurrentItem();
+        if (!allGoing())
             return;
     }
     const QList<QtBrowserItem *> items = mTopLevelItems;

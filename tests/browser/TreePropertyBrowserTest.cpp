@@ -632,6 +632,41 @@ private slots:
         QCOMPARE(t.browser->currentItem(), t.item("Name"));
     }
 
+    // A host that reloads when the current row goes, while a group or everything leaves.
+    void hostReloadsWhenTheCurrentRowGoes()
+    {
+        Tree t;
+        bool reload = true;
+        int reloads = 0;
+        QObject::connect(t.browser, &QtAbstractPropertyBrowser::currentItemChanged, t.browser,
+            [&](QtBrowserItem *item) {
+                if (item || !reload)
+                    return;
+                reload = false;
+                ++reloads;
+                t.manager->clear();
+                PropertyDictionary rows;
+                rows.insertProperty(t.name);
+                t.manager->addProperties(rows, new Sample::EmptyObject);
+            });
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
+        QTRY_VERIFY(t.editor());
+        t.browser->removeProperty(t.item("Box")->property());
+        QCOMPARE(reloads, 1);
+        QCOMPARE(t.browser->topLevelItems().size(), 1);
+        QCOMPARE(t.tree()->topLevelItemCount(), 1);
+        QVERIFY(t.row("Name") && t.item("Name"));
+
+        // The clear goes on past the reload: nothing is left, in the tree as in the browser.
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        reload = true;
+        t.manager->clear();
+        QCOMPARE(reloads, 2);
+        QVERIFY(t.browser->topLevelItems().isEmpty());
+        QCOMPARE(t.tree()->topLevelItemCount(), 0);
+    }
+
     // Rows are laid out by height alone, yet a double click on the name header still fits
     // the column to the longest name, and rows of other scripts or lines keep their height.
     void columnFitsItsNamesAfterLayout()
