@@ -36,8 +36,9 @@ public:
     QtBrowserItem *insertTree(QtProperty *property, QtBrowserItem *parent, QtBrowserItem *after);
     // `announce` tells the subclass first when the tree has more than the one item.
     void removeTree(QtBrowserItem *item, bool announce = true);
-    // Every item, when they all show properties the manager's clear is about to delete.
-    void removeAllForClear(QtAbstractPropertyManager *manager);
+    // Every item, when they all show properties the manager's clear is about to delete
+    // (`going` is the one being deleted now, already out of the manager's set).
+    void removeAllForClear(QtAbstractPropertyManager *manager, const QtProperty *going);
     void watchManager(QtAbstractPropertyManager *manager);
     void managerGone(QtAbstractPropertyManager *manager);
 
@@ -265,7 +266,8 @@ void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
         q->itemChanged(item);
 }
 
-void QtAbstractPropertyBrowserPrivate::removeAllForClear(QtAbstractPropertyManager *manager)
+void QtAbstractPropertyBrowserPrivate::removeAllForClear(
+    QtAbstractPropertyManager *manager, const QtProperty *going)
 {
     // Once per clear: the first property that goes decides for all.
     if (mClearManager == manager && mClearCount == manager->mClearCount)
@@ -273,9 +275,9 @@ void QtAbstractPropertyBrowserPrivate::removeAllForClear(QtAbstractPropertyManag
     mClearManager = manager;
     mClearCount = manager->mClearCount;
     // Only when every item shows a property the clear deletes.
-    const auto allGoing = [this, manager] {
+    const auto allGoing = [this, manager, going] {
         for (auto it = mPropertyToItems.cbegin(); it != mPropertyToItems.cend(); ++it) {
-            if (!manager->mProperties.contains(it.key()))
+            if (it.key() != going && !manager->mProperties.contains(it.key()))
                 return false;
         }
         return !mTopLevelItems.isEmpty();
@@ -302,7 +304,7 @@ void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
 {
     QtAbstractPropertyManager *manager = property->propertyManager();
     if (manager && manager->mClearing)
-        removeAllForClear(manager);
+        removeAllForClear(manager, property);
     // Each removal may take further items of the property with it, when one place stands
     // inside another; so the list is read again after each.
     while (true) {

@@ -45,10 +45,11 @@ void QtAbstractPropertyManager::clear()
 void QtAbstractPropertyManager::deleteProperty(QtProperty *property)
 {
     // Listeners hear of it while the property is whole and still has its value; the manager's
-    // own data for it goes last.
+    // own data for it goes last. It leaves the set first, so that a listener that clears the
+    // manager meanwhile does not delete it a second time.
+    mProperties.remove(property);
     property->detach();
     uninitializeProperty(property);
-    mProperties.remove(property);
     property->mOwned = false;
     delete property;
 }
