@@ -222,11 +222,16 @@ void TreePropertyBrowser::itemRemoved(QtBrowserItem *item)
         mPrivate->propertyRemoved(item);
 }
 
+void TreePropertyBrowser::itemsAboutToBeRemoved(const QList<QtBrowserItem *> &items)
+{
+    if (!mPrivate->mDestroying)
+        mPrivate->takeRows(items);
+}
+
 void TreePropertyBrowser::itemChanged(QtBrowserItem *item)
 {
     if (!mPrivate->mDestroying)
         mPrivate->propertyChanged(item);
 }
-
 
 } // namespace TavoLib

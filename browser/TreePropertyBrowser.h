@@ -96,6 +96,7 @@ protected:
     void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
     void itemRemoved(QtBrowserItem *item) override;
     void itemChanged(QtBrowserItem *item) override;
+    void itemsAboutToBeRemoved(const QList<QtBrowserItem *> &items) override;
 
 private:
     friend class TreePropertyBrowserPrivate;

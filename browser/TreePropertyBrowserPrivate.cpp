@@ -221,22 +221,33 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
         return;
     QTreeWidgetItem *after = treeItem(afterItem);
     QTreeWidgetItem *parent = treeItem(item->parent());
-    // A null `after` puts the row first, as the framework means it.
-    auto *row = parent ? new QTreeWidgetItem(parent, after) : new QTreeWidgetItem(mTreeWidget, after);
+    QtProperty *property = item->property();
+    // The row is filled before it goes into the tree: a loose row tells the view nothing,
+    // while each cell set in the tree is a change the view handles one by one.
+    auto *row = new QTreeWidgetItem;
     mItemToIndex[row] = item;
     mIndexToItem[item] = row;
     row->setFlags(row->flags() | Qt::ItemIsEditable);
-    // A top-level row comes as the user left the row of its name, also one rebuilt.
-    setExpanded(row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(item->property()), true));
     // Known once per row: asking the property is a cast per painted cell.
-    if (isMultiLine(item->property())) {
+    if (isMultiLine(property)) {
         ++mMultiLineRows;
         mMultiLineItems.insert(row);
     }
+    showValue(row, property);
+    // A null `after` puts the row first, as the framework means it.
+    if (parent)
+        parent->insertChild(parent->indexOfChild(after) + 1, row);
+    else
+        mTreeWidget->insertTopLevelItem(mTreeWidget->indexOfTopLevelItem(after) + 1, row);
+    // A top-level row comes as the user left the row of its name, also one rebuilt.
+    setExpanded(
+        row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(property), true));
     // The parent shows its first child now, as it was asked to when it came.
     if (parent && mExpandWhenFilled.remove(parent))
         parent->setExpanded(true);
-    updateItem(row);
+    // What depends on the row's place: its enabled state under its parent.
+    syncEnabled(row, property);
+    mTreeWidget->viewport()->update();
     mBrowser->setBackgroundColor(item, calculatedBackgroundColor(item));
 }
 
@@ -256,6 +267,56 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
     mItemToIndex.remove(row);
     mIndexToBackgroundColor.remove(item);
     delete row;
+}
+
+void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
+{
+    if (!mTreeWidget)
+        return;
+    // Qt walks every expanded row's persistent index at each removal from the model, so
+    // rows that go together leave it together.
+    QSet<QTreeWidgetItem *> rows;
+    bool allTopLevel = true;
+    for (QtBrowserItem *item : items) {
+        if (QTreeWidgetItem *row = treeItem(item)) {
+            rows.insert(row);
+            allTopLevel = allTopLevel && !row->parent();
+        }
+    }
+    if (rows.isEmpty())
+        return;
+    // The framework has let the current item go already; a tree whose current row goes
+    // all the same lets it go quietly, else Qt makes a neighbour current as the rows leave.
+    for (QTreeWidgetItem *up = mTreeWidget->currentItem(); up; up = up->parent()) {
+        if (rows.contains(up)) {
+            const QSignalBlocker quiet(mTreeWidget);
+            mTreeWidget->setCurrentItem(nullptr);
+            break;
+        }
+    }
+    if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
+        // Every row goes: the rows and their bookkeeping are dropped at once, and the
+        // removals the framework reports next find no row left to take. The tables go
+        // first, so that rows a listener adds while the rows leave keep theirs.
+        mDelegate->forgetItem(mDelegate->editedItem());
+        mIndexToItem.clear();
+        mItemToIndex.clear();
+        mIndexToBackgroundColor.clear();
+        mExpandWhenFilled.clear();
+        mMultiLineItems.clear();
+        mMultiLineRows = 0;
+        qDeleteAll(mTreeWidget->invisibleRootItem()->takeChildren());
+        return;
+    }
+    for (QTreeWidgetItem *row : qAsConst(rows)) {
+        // A listener told of a change of the current row may have removed rows meanwhile.
+        if (!mItemToIndex.contains(row))
+            continue;
+        if (QTreeWidgetItem *parent = row->parent())
+            parent->removeChild(row);
+        else
+            mTreeWidget->takeTopLevelItem(mTreeWidget->indexOfTopLevelItem(row));
+    }
 }
 
 void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expanded)
@@ -305,9 +366,14 @@ void TreePropertyBrowserPrivate::showValue(QTreeWidgetItem *item, QtProperty *pr
         const QString text = property->valueText();
         // A new text of the same one-line look changes no row's height or column width:
         // the view is not told cell by cell (each time it would look the row up from the
-        // top), the viewport is painted again once.
-        const bool sameLook = item->text(1) != text && icon.isNull() == item->icon(1).isNull()
-            && !isMultiLineRow(item) && !stringOf(property)
+        // top), the viewport is painted again once. A string qualifies when both texts are
+        // plain lines and no placeholder changes its look.
+        const TAutoPtr<const StringProperty> string = stringOf(property);
+        const QString shown = item->text(1);
+        const bool sameLook = shown != text && icon.isNull() == item->icon(1).isNull()
+            && !isMultiLineRow(item)
+            && (!string
+                || (string->placeholderText().isEmpty() && isPlainLine(text) && isPlainLine(shown)))
             && mTreeWidget->header()->sectionResizeMode(1) != QHeaderView::ResizeToContents;
         setIcon(item, 1, icon);
         if (sameLook) {

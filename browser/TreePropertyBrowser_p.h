@@ -59,6 +59,10 @@ public:
 
     void propertyInserted(QtBrowserItem *item, QtBrowserItem *afterItem);
     void propertyRemoved(QtBrowserItem *item);
+    // Takes the rows of the items, with their children, out of the tree in one step each;
+    // propertyRemoved then deletes the loose rows one by one. When the items are all the
+    // top-level rows, every row is deleted here at once.
+    void takeRows(const QList<QtBrowserItem *> &items);
     void propertyChanged(QtBrowserItem *item);
     // Shows the row's property again: value, look, the open editor's height, enabled state.
     void updateItem(QTreeWidgetItem *item);

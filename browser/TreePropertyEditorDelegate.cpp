@@ -16,23 +16,58 @@ namespace TavoLib {
 
 using namespace TreeRows;
 
-QSize CellSizeCache::find(const QStyleOptionViewItem &option, const QModelIndex &index)
+void CellSizeCache::keep(const QStyleOptionViewItem &option)
 {
     if (option.font != mFont || option.decorationSize != mDecoration || mSizes.size() > 20000) {
         mSizes.clear();
+        mHeights.clear();
         mFont = option.font;
         mDecoration = option.decorationSize;
     }
+}
+
+QString CellSizeCache::lookOf(const QModelIndex &index)
+{
     const QVariant decoration = index.data(Qt::DecorationRole);
     const bool icon = decoration.userType() == QMetaType::QIcon
         ? !qvariant_cast<QIcon>(decoration).isNull()
         : decoration.isValid();
     const QVariant font = index.data(Qt::FontRole);
-    mKey = index.data(Qt::DisplayRole).toString();
-    mKey += icon ? QLatin1String("\x1fi") : QLatin1String("\x1f-");
+    QString look = icon ? QStringLiteral("\x1fi") : QStringLiteral("\x1f-");
     if (font.isValid())
-        mKey += qvariant_cast<QFont>(font).key();
+        look += qvariant_cast<QFont>(font).key();
+    return look;
+}
+
+QSize CellSizeCache::find(const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    keep(option);
+    mKey = index.data(Qt::DisplayRole).toString();
+    mKey += lookOf(index);
     return mSizes.value(mKey);
+}
+
+QSize CellSizeCache::findHeight(const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    mHeightKey.clear();
+    const QVariant display = index.data(Qt::DisplayRole);
+    if (display.isValid() && display.userType() != QMetaType::QString)
+        return QSize();
+    const QString text = display.toString();
+    if (!isPlainLine(text))
+        return QSize();
+    keep(option);
+    // A null text takes no line at all, an empty one a line.
+    mHeightKey = text.isNull() ? QStringLiteral("0") : QStringLiteral("1");
+    mHeightKey += lookOf(index);
+    const auto found = mHeights.constFind(mHeightKey);
+    return found == mHeights.constEnd() ? QSize() : QSize(0, found.value());
+}
+
+void CellSizeCache::insertHeight(const QSize &size)
+{
+    if (!mHeightKey.isEmpty())
+        mHeights.insert(mHeightKey, size.height());
 }
 
 TreePropertyEditorDelegate::TreePropertyEditorDelegate(QObject *parent) : QItemDelegate(parent) { }
@@ -185,11 +220,19 @@ QSize TreePropertyEditorDelegate::sizeHint(
     }
     if (index.data(Qt::CheckStateRole).isValid() || index.data(Qt::SizeHintRole).isValid())
         return QItemDelegate::sizeHint(opt, index) + QSize(3, 4);
+    // Outside the measuring of a column the view reads only the height.
+    if (!mWidthsWanted) {
+        const QSize height = mSizes.findHeight(opt, index);
+        if (height.isValid())
+            return height;
+    }
     const QSize known = mSizes.find(opt, index);
     if (known.isValid())
         return known;
     const QSize size = QItemDelegate::sizeHint(opt, index) + QSize(3, 4);
     mSizes.insert(size);
+    if (!mWidthsWanted)
+        mSizes.insertHeight(size);
     return size;
 }
 

@@ -17,7 +17,8 @@ class TreePropertyBrowserPrivate;
 
 // Sizes of single-line cells by text, icon and font, for as long as the view's font and
 // icon size stay. The tree asks every row again at each layout, and laying out a text is
-// costly.
+// costly. Most of those questions are for a row's height only, which for a line of plain
+// text does not depend on the text: those are answered by icon and font alone.
 class CellSizeCache
 {
 public:
@@ -25,13 +26,23 @@ public:
     // icon size has changed or the cache has grown too large.
     QSize find(const QStyleOptionViewItem &option, const QModelIndex &index);
     void insert(const QSize &size) { mSizes.insert(mKey, size); }
+    // The height of a cell of one line of Latin-1 text (no other font can take part, so no
+    // other line height), as a size of width 0; invalid when not known or not such a cell.
+    QSize findHeight(const QStyleOptionViewItem &option, const QModelIndex &index);
+    void insertHeight(const QSize &size);
 
 private:
+    void keep(const QStyleOptionViewItem &option);
+    // Icon and font of the cell: the part of the key that is not the text.
+    static QString lookOf(const QModelIndex &index);
+
     QHash<QString, QSize> mSizes;
+    QHash<QString, int> mHeights;
     QFont mFont;
     QSize mDecoration;
-    // The key of the last cell looked for, for insert().
+    // The keys of the last cell looked for, for insert() and insertHeight().
     QString mKey;
+    QString mHeightKey;
 };
 
 class TreePropertyEditorDelegate : public QItemDelegate
@@ -60,6 +71,9 @@ public:
     void forgetItem(QTreeWidgetItem *item);
     QTreeWidgetItem *editedItem() const { return mEditedItem; }
     QWidget *editedWidget() const { return mEditedWidget; }
+    // Set while the view measures a column: only then are the cells' widths used.
+    void setWidthsWanted(bool wanted) { mWidthsWanted = wanted; }
+    bool widthsWanted() const { return mWidthsWanted; }
     // kept on purpose: not called by the tree itself, offered for code that places things
     // in a row.
     int indentation(const QModelIndex &index) const;
@@ -83,6 +97,7 @@ private:
     // The row being painted, for drawDecoration.
     mutable QtProperty *mPaintedProperty = nullptr;
     mutable CellSizeCache mSizes;
+    bool mWidthsWanted = false;
 };
 
 } // namespace TavoLib

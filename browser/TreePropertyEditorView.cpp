@@ -358,6 +358,19 @@ bool TreePropertyEditorView::viewportEvent(QEvent *event)
     return true;
 }
 
+int TreePropertyEditorView::sizeHintForColumn(int column) const
+{
+    // The one place where the cells' widths count: the delegate measures texts only here.
+    TreePropertyEditorDelegate *delegate = mEditorPrivate ? mEditorPrivate->delegate() : nullptr;
+    if (!delegate)
+        return QTreeWidget::sizeHintForColumn(column);
+    const bool wanted = delegate->widthsWanted();
+    delegate->setWidthsWanted(true);
+    const int width = QTreeWidget::sizeHintForColumn(column);
+    delegate->setWidthsWanted(wanted);
+    return width;
+}
+
 void TreePropertyEditorView::updateGeometries()
 {
     if (mEditorPrivate && !mEditorPrivate->allowUpdateGeometry())

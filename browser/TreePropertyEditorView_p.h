@@ -39,6 +39,7 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex &index, const QEvent *event = nullptr) const override;
     void updateGeometries() override;
+    int sizeHintForColumn(int column) const override;
     bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

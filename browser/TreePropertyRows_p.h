@@ -32,6 +32,17 @@ inline QTextEdit *textEditIn(QWidget *editor)
     return editor->findChild<QTextEdit *>();
 }
 
+// One line of Latin-1 text: its height is that of the view's font, whatever the text (no
+// other font takes part, no second line), so it can change without the row's height.
+inline bool isPlainLine(const QString &text)
+{
+    for (const QChar c : text) {
+        if (c.unicode() > 0xff || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
+            return false;
+    }
+    return true;
+}
+
 // The key under which a top-level row's expansion is remembered.
 inline QString expansionKey(const QtProperty *property)
 {

@@ -34,7 +34,11 @@ public:
     explicit QtAbstractPropertyBrowserPrivate(QtAbstractPropertyBrowser *browser) : q(browser) { }
 
     QtBrowserItem *insertTree(QtProperty *property, QtBrowserItem *parent, QtBrowserItem *after);
-    void removeTree(QtBrowserItem *item);
+    // `announce` tells the subclass first when the tree has more than the one item.
+    void removeTree(QtBrowserItem *item, bool announce = true);
+    // Every item, when they all show properties the manager's clear is about to delete
+    // (`going` is the one being deleted now, already out of the manager's set).
+    void removeAllForClear(QtAbstractPropertyManager *manager, const QtProperty *going);
     void watchManager(QtAbstractPropertyManager *manager);
     void managerGone(QtAbstractPropertyManager *manager);
 
@@ -61,12 +65,37 @@ public:
         return nullptr;
     }
 
+    // Whether `item` is `root` or stands under it.
+    static bool inTree(const QtBrowserItem *item, const QtBrowserItem *root)
+    {
+        for (; item; item = item->mParent) {
+            if (item == root)
+                return true;
+        }
+        return false;
+    }
+    // Whether `item` is still one of the property's items; the pointers are only compared.
+    bool holds(const QtProperty *property, const QtBrowserItem *item) const
+    {
+        const auto found = mPropertyToItems.constFind(const_cast<QtProperty *>(property));
+        return found != mPropertyToItems.constEnd()
+            && found->contains(const_cast<QtBrowserItem *>(item));
+    }
+    void releaseCurrentItem()
+    {
+        mCurrentItem = nullptr;
+        emit q->currentItemChanged(nullptr);
+    }
+
     QtAbstractPropertyBrowser *q;
     QList<QtBrowserItem *> mTopLevelItems;
     QHash<QtProperty *, QList<QtBrowserItem *>> mPropertyToItems;
     QHash<QtAbstractPropertyManager *, QPointer<QtAbstractEditorFactoryBase>> mFactories;
     QList<QtAbstractPropertyManager *> mManagers;
     QtBrowserItem *mCurrentItem = nullptr;
+    // The clear of a manager already looked at: (manager, its count of clears).
+    const QtAbstractPropertyManager *mClearManager = nullptr;
+    quint32 mClearCount = 0;
 };
 
 QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
@@ -117,8 +146,20 @@ QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
     return root;
 }
 
-void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item)
+void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item, bool announce)
 {
+    if (announce) {
+        // A current item in the tree is let go before anything is taken, while the tree
+        // still stands whole; a listener may change the tree, so the item is looked up again.
+        if (mCurrentItem && inTree(mCurrentItem, item)) {
+            QtProperty *property = item->mProperty;
+            releaseCurrentItem();
+            if (!holds(property, item))
+                return;
+        }
+        if (!item->mChildren.isEmpty())
+            q->itemsAboutToBeRemoved({ item });
+    }
     // Post order without recursion: children first, in their order, each while it still
     // stands among its siblings.
     struct Pending
@@ -225,8 +266,45 @@ void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
         q->itemChanged(item);
 }
 
+void QtAbstractPropertyBrowserPrivate::removeAllForClear(
+    QtAbstractPropertyManager *manager, const QtProperty *going)
+{
+    // Once per clear: the first property that goes decides for all.
+    if (mClearManager == manager && mClearCount == manager->mClearCount)
+        return;
+    mClearManager = manager;
+    mClearCount = manager->mClearCount;
+    // Only when every item shows a property the clear deletes.
+    const auto allGoing = [this, manager, going] {
+        for (auto it = mPropertyToItems.cbegin(); it != mPropertyToItems.cend(); ++it) {
+            if (it.key() != going && !manager->mProperties.contains(it.key()))
+                return false;
+        }
+        return !mTopLevelItems.isEmpty();
+    };
+    if (!allGoing())
+        return;
+    if (mCurrentItem) {
+        // Let go while all still stands; a listener may change the items, so look again.
+        releaseCurrentItem();
+        if (!allGoing())
+            return;
+    }
+    const QList<QtBrowserItem *> items = mTopLevelItems;
+    q->itemsAboutToBeRemoved(items);
+    for (QtBrowserItem *item : items) {
+        // A listener of a removal may have changed the top level meanwhile.
+        if ((!mTopLevelItems.isEmpty() && mTopLevelItems.first() == item)
+            || mTopLevelItems.contains(item))
+            removeTree(item, false);
+    }
+}
+
 void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
 {
+    QtAbstractPropertyManager *manager = property->propertyManager();
+    if (manager && manager->mClearing)
+        removeAllForClear(manager, property);
     // Each removal may take further items of the property with it, when one place stands
     // inside another; so the list is read again after each.
     while (true) {
@@ -335,6 +413,8 @@ bool QtAbstractPropertyBrowser::addFactory(
     d->mFactories.insert(manager, factory);
     return true;
 }
+
+void QtAbstractPropertyBrowser::itemsAboutToBeRemoved(const QList<QtBrowserItem *> &) { }
 
 QWidget *QtAbstractPropertyBrowser::createEditor(QtProperty *property, QWidget *parent)
 {

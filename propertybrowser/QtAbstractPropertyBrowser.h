@@ -62,6 +62,11 @@ protected:
     // Called while the item still stands among its parent's children.
     virtual void itemRemoved(QtBrowserItem *item) = 0;
     virtual void itemChanged(QtBrowserItem *item) = 0;
+    // The trees under these items go right after this call, each through itemRemoved as
+    // above. Told before a tree of several items goes, and before a manager's clear takes
+    // every item of the browser at once, so that a subclass can take its widgets for them
+    // away in one step; the default does nothing.
+    virtual void itemsAboutToBeRemoved(const QList<QtBrowserItem *> &items);
 
 private:
     friend class QtAbstractPropertyBrowserPrivate;

@@ -2,6 +2,8 @@
 
 #include "propertybrowser/QtProperty.h"
 
+#include <algorithm>
+
 QtAbstractPropertyManager::QtAbstractPropertyManager(QObject *parent) : QObject(parent) { }
 
 QtAbstractPropertyManager::~QtAbstractPropertyManager()
@@ -21,24 +23,33 @@ QSet<QtProperty *> QtAbstractPropertyManager::properties() const
 
 void QtAbstractPropertyManager::clear()
 {
+    const bool wasClearing = mClearing;
+    mClearing = true;
+    ++mClearCount;
     // Listeners may delete properties themselves, or make new ones, while one is going; so
     // each is looked up again before it is deleted, and the loop runs until none is left.
+    // Properties under no parent go first: each takes its whole tree out of the browsers in
+    // one piece, and its children are then deleted where nobody shows them any more.
     while (!mProperties.isEmpty()) {
-        const QList<QtProperty *> snapshot = mProperties.values();
-        for (QtProperty *property : snapshot) {
+        QList<QtProperty *> snapshot = mProperties.values();
+        std::stable_partition(snapshot.begin(), snapshot.end(),
+            [](const QtProperty *property) { return property->mParents.isEmpty(); });
+        for (QtProperty *property : qAsConst(snapshot)) {
             if (mProperties.contains(property))
                 deleteProperty(property);
         }
     }
+    mClearing = wasClearing;
 }
 
 void QtAbstractPropertyManager::deleteProperty(QtProperty *property)
 {
     // Listeners hear of it while the property is whole and still has its value; the manager's
-    // own data for it goes last.
+    // own data for it goes last. It leaves the set first, so that a listener that clears the
+    // manager meanwhile does not delete it a second time.
+    mProperties.remove(property);
     property->detach();
     uninitializeProperty(property);
-    mProperties.remove(property);
     property->mOwned = false;
     delete property;
 }

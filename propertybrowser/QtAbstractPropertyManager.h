@@ -48,10 +48,15 @@ protected:
 
 private:
     friend class QtProperty;
+    friend class QtAbstractPropertyBrowserPrivate;
 
     void deleteProperty(QtProperty *property);
     // A property deleted directly, not through the manager.
     void forgetProperty(QtProperty *property);
 
     QSet<QtProperty *> mProperties;
+    // Set while clear() runs, and counted per clear, so that a browser showing only
+    // properties that are going can drop all its rows at once, once per clear.
+    bool mClearing = false;
+    quint32 mClearCount = 0;
 };

@@ -23,11 +23,14 @@
 #include <QPointer>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QSpinBox>
-#include <QVBoxLayout>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeWidget>
+#include <QVBoxLayout>
+
+Q_DECLARE_METATYPE(QtBrowserItem *)
 
 using namespace TavoLib;
 
@@ -576,6 +579,112 @@ private slots:
         // The next click opens an editor of a row that stays.
         QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
         QTRY_VERIFY(t.editor());
+    }
+
+    // Rows that go together leave the tree at once; the current row and the open editor
+    // go with them, the browser hears of the current row's removal first, and its current
+    // item is the tree's whatever Qt makes current afterwards.
+    void groupsAndClearsLeaveAtOnce()
+    {
+        qRegisterMetaType<QtBrowserItem *>();
+        Tree t;
+        QSignalSpy current(t.browser, &QtAbstractPropertyBrowser::currentItemChanged);
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
+        QTRY_VERIFY(t.editor());
+        QPointer<QWidget> editor = t.editor();
+        QCOMPARE(t.browser->currentItem(), t.item("Count"));
+        current.clear();
+        t.browser->removeProperty(t.item("Box")->property());
+        QVERIFY(current.count() >= 1);
+        QCOMPARE(current.first().first().value<QtBrowserItem *>(), nullptr);
+        QTRY_VERIFY(!editor);
+        const auto treeCurrent = [&t] {
+            QTreeWidgetItem *row = t.tree()->currentItem();
+            return row ? t.item(row->text(0)) : nullptr;
+        };
+        QCOMPARE(t.browser->currentItem(), treeCurrent());
+        QVERIFY(!t.row("Count") && !t.row("Box"));
+        QCOMPARE(t.tree()->topLevelItemCount(), 1);
+
+        // A clear of the manager while a row is current and edited.
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        editor = t.editor();
+        current.clear();
+        t.manager->clear();
+        QCOMPARE(current.count(), 1);
+        QCOMPARE(current.first().first().value<QtBrowserItem *>(), nullptr);
+        QVERIFY(!t.tree()->currentItem());
+        QCOMPARE(t.tree()->topLevelItemCount(), 0);
+        QVERIFY(t.browser->topLevelItems().isEmpty());
+        QTRY_VERIFY(!editor);
+
+        // Rows loaded again open their editors, and keep the expansion the user left.
+        PropertyDictionary box;
+        box.insertProperty(t.shown);
+        PropertyDictionary rows;
+        rows.insertProperty(new GroupProperty("box", "Box", box));
+        rows.insertProperty(t.name);
+        t.manager->addProperties(rows, new Sample::EmptyObject);
+        QVERIFY(t.row("Box")->isExpanded());
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        QCOMPARE(t.browser->currentItem(), t.item("Name"));
+    }
+
+    // A host that reloads when the current row goes, while a group or everything leaves.
+    void hostReloadsWhenTheCurrentRowGoes()
+    {
+        Tree t;
+        bool reload = true;
+        int reloads = 0;
+        QObject::connect(t.browser, &QtAbstractPropertyBrowser::currentItemChanged, t.browser,
+            [&](QtBrowserItem *item) {
+                if (item || !reload)
+                    return;
+                reload = false;
+                ++reloads;
+                t.manager->clear();
+                PropertyDictionary rows;
+                rows.insertProperty(t.name);
+                t.manager->addProperties(rows, new Sample::EmptyObject);
+            });
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Count"));
+        QTRY_VERIFY(t.editor());
+        t.browser->removeProperty(t.item("Box")->property());
+        QCOMPARE(reloads, 1);
+        QCOMPARE(t.browser->topLevelItems().size(), 1);
+        QCOMPARE(t.tree()->topLevelItemCount(), 1);
+        QVERIFY(t.row("Name") && t.item("Name"));
+
+        // The clear goes on past the reload: nothing is left, in the tree as in the browser.
+        QTest::mouseClick(t.tree()->viewport(), Qt::LeftButton, {}, t.valueCell("Name"));
+        QTRY_VERIFY(t.editor());
+        reload = true;
+        t.manager->clear();
+        QCOMPARE(reloads, 2);
+        QVERIFY(t.browser->topLevelItems().isEmpty());
+        QCOMPARE(t.tree()->topLevelItemCount(), 0);
+    }
+
+    // Rows are laid out by height alone, yet a double click on the name header still fits
+    // the column to the longest name, and rows of other scripts or lines keep their height.
+    void columnFitsItsNamesAfterLayout()
+    {
+        Tree t;
+        t.browser->setResizeMode(TreePropertyBrowser::Interactive);
+        t.browser->setSplitterPosition(12);
+        QHeaderView *header = t.tree()->header();
+        QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, QPoint(6, header->height() / 2));
+        const int indent = 2 * t.tree()->indentation();
+        QVERIFY2(
+            header->sectionSize(0) >= indent + t.tree()->fontMetrics().horizontalAdvance("Shown"),
+            qPrintable(QString::number(header->sectionSize(0))));
+        const int plain = t.tree()->visualItemRect(t.row("Name")).height();
+        QVERIFY(plain > 0);
+        t.name->setValue(QStringLiteral("a\nb"));
+        t.manager->propertyValueChanged(t.item("Name")->property());
+        QTRY_VERIFY(t.tree()->visualItemRect(t.row("Name")).height() > plain);
     }
 };
 

@@ -194,6 +194,64 @@ private slots:
         QCOMPARE(browser.createEditor(p, &browser), nullptr);
     }
 
+    void removalsOfTreesAndClearsAreAnnounced()
+    {
+        TrivialPropertyManager manager;
+        RecordingPropertyBrowser browser;
+        QtProperty *group = manager.addProperty("group");
+        QtProperty *a = manager.addProperty("a");
+        group->addSubProperty(a);
+        a->addSubProperty(manager.addProperty("a1"));
+        QtProperty *loose = manager.addProperty("loose");
+        browser.addProperty(group);
+        browser.addProperty(loose);
+        browser.addProperty(manager.addProperty("last"));
+        browser.takeLog();
+
+        // A tree of several items is announced before it goes; a single item is not.
+        browser.removeProperty(loose);
+        a->removeSubProperty(a->subProperties().first());
+        QVERIFY(browser.mAnnounced.isEmpty());
+        a->addSubProperty(manager.addProperty("a2"));
+        browser.removeProperty(group);
+        QCOMPARE(browser.mAnnounced, QStringList({ "group" }));
+        QCOMPARE(browser.takeLog(),
+            QStringList({ "-loose of 0", "-group/a/a1 of 1", "+group/a/a2 first",
+                "-group/a/a2 of 1", "-group/a of 1", "-group of 0" }));
+
+        // A clear that takes every item announces the top level once, and then takes each
+        // tree in order, children first, whatever order the properties are deleted in.
+        browser.mAnnounced.clear();
+        browser.addProperty(group);
+        browser.insertProperty(loose, nullptr);
+        browser.takeLog();
+        QSignalSpy current(&browser, &QtAbstractPropertyBrowser::currentItemChanged);
+        browser.setCurrentItem(browser.items(a).first());
+        manager.clear();
+        QCOMPARE(browser.mAnnounced, QStringList({ "loose,last,group" }));
+        QCOMPARE(browser.takeLog(),
+            QStringList({ "-loose of 0", "-last of 0", "-group/a/a2 of 1", "-group/a of 1",
+                "-group of 0" }));
+        QCOMPARE(current.count(), 2);
+        QCOMPARE(current.last().first().value<QtBrowserItem *>(), nullptr);
+        QVERIFY(browser.topLevelItems().isEmpty());
+
+        // Items of another manager stay: the clear goes item by item.
+        browser.mAnnounced.clear();
+        TrivialPropertyManager others;
+        QtProperty *kept = others.addProperty("kept");
+        kept->addSubProperty(manager.addProperty("borrowed"));
+        browser.addProperty(kept);
+        browser.addProperty(manager.addProperty("own"));
+        browser.takeLog();
+        manager.clear();
+        QVERIFY(browser.mAnnounced.isEmpty());
+        QStringList log = browser.takeLog();
+        log.sort();
+        QCOMPARE(log, QStringList({ "-kept/borrowed of 1", "-own of 0" }));
+        QCOMPARE(browser.properties(), QList<QtProperty *>({ kept }));
+    }
+
     void managerDestroyedWhileShown()
     {
         // The manager's properties stand at the top level and under another manager's group.

@@ -35,3 +35,11 @@ void RecordingPropertyBrowser::itemChanged(QtBrowserItem *item)
 {
     mLog << QStringLiteral("~") + path(item);
 }
+
+void RecordingPropertyBrowser::itemsAboutToBeRemoved(const QList<QtBrowserItem *> &items)
+{
+    QStringList paths;
+    for (const QtBrowserItem *item : items)
+        paths << path(item);
+    mAnnounced << paths.join(QLatin1Char(','));
+}

@@ -20,9 +20,12 @@ public:
     // Lines: "+path after sibling" (or "+path first"), "-path of n" where n is the number of
     // children the parent item still counts (0 at the top level), "~path".
     QStringList mLog;
+    // One line per announcement of removals: the paths of the items, joined by ",".
+    QStringList mAnnounced;
 
 protected:
     void itemInserted(QtBrowserItem *item, QtBrowserItem *afterItem) override;
     void itemRemoved(QtBrowserItem *item) override;
     void itemChanged(QtBrowserItem *item) override;
+    void itemsAboutToBeRemoved(const QList<QtBrowserItem *> &items) override;
 };
