@@ -87,12 +87,12 @@ QWidget *makeViewsGroup(QWidget *page)
         { "Masthead", "Headline", "Standfirst", "Body text", "Caption" }, page));
     order->setDragReorderEnabled(true);
     order->setAccessibleName(QObject::tr("Reading order (Ctrl+Up/Down moves)"));
-    layout->addWidget(order);
+    layout->addWidget(order, 2);
     auto *empty = new Ta_ListView;
     empty->setModel(new QStringListModel(page));
     empty->setPlaceholderText(QObject::tr("No fonts in this folder"));
     empty->setAccessibleName(QObject::tr("Fonts"));
-    layout->addWidget(empty);
+    layout->addWidget(empty, 2);
 
     auto *model = new QStandardItemModel(0, 3, page);
     model->setHorizontalHeaderLabels({ QObject::tr("Name"), QObject::tr("Kind"), QObject::tr("Size") });
@@ -109,18 +109,18 @@ QWidget *makeViewsGroup(QWidget *page)
     table->setHorizontalHeader(header);
     table->setModel(model);
     table->verticalHeader()->hide();
-    header->resizeSection(0, 130);
+    table->resizeColumnsToContents(); // every file name and kind shown whole
     header->moveSection(2, 1);
     header->setStretchLastSection(true);
     table->setAccessibleName(QObject::tr("Files"));
-    layout->addWidget(table, 3);
+    layout->addWidget(table, 4);
 
     auto *elements = new Ta_ElementsView;
     elements->setModel(new PageElements(page));
     elements->setRootIsDecorated(false);
     elements->setAccessibleName(QObject::tr("Page elements (Ctrl+C, Ctrl+X, Ctrl+V)"));
     elements->setCurrentIndex(elements->model()->index(1, 0));
-    layout->addWidget(elements, 2);
+    layout->addWidget(elements, 3);
     return group;
 }
 
