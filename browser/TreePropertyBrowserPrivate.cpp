@@ -71,6 +71,10 @@ void TreePropertyBrowserPrivate::init(QWidget *parent)
     header->setSectionsMovable(false);
     // The name column fits its contents at first, whatever the resize mode says.
     header->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    // Where names leave the value column no room to stretch into, Qt gives it the size it had
+    // when stretching began: the least, not the style's default (150 px at 144 dpi), so that a
+    // narrow tree does not scroll sideways.
+    header->resizeSection(1, header->minimumSectionSize());
     header->setStretchLastSection(true);
 
     QStyle *style = mBrowser->style();

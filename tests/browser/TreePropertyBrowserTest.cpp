@@ -13,6 +13,7 @@
 #include "core/IntegerProperty.h"
 #include "core/StringProperty.h"
 #include "propertybrowser/QtBrowserItem.h"
+#include "style/Device.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -527,7 +528,8 @@ private slots:
         Form f;
         const QString longName = QStringLiteral("A very long translated name of a property, longer than the tree");
         f.browser->topLevelItems().at(1)->property()->setPropertyName(longName);
-        f.window.resize(300, 600);
+        // Narrow enough that half the width is less than Qt's default section size.
+        f.window.resize(int(Device::scale(200)), 600);
         QApplication::processEvents();
         QHeaderView *header = f.tree()->header();
         const int width = f.tree()->viewport()->width();
@@ -540,9 +542,9 @@ private slots:
         QTRY_COMPARE(QToolTip::text(), longName);
         // With short names again the value column still fills the rest.
         f.browser->topLevelItems().at(1)->property()->setPropertyName(QStringLiteral("Two"));
-        f.window.resize(320, 600);
+        f.window.resize(int(Device::scale(320)), 600);
         QApplication::processEvents();
-        QVERIFY(header->sectionSize(0) < width / 2);
+        QVERIFY(header->sectionSize(0) < f.tree()->viewport()->width() / 2);
         QVERIFY(header->sectionSize(0) + header->sectionSize(1) >= f.tree()->viewport()->width() - 1);
     }
 
