@@ -23,8 +23,9 @@ namespace {
 QPixmap branchPixmap(QStyle *style, const QPalette &palette, bool open)
 {
     // Sharp at any density: drawn at the screen's resolution, in scaled logical pixels.
-    const double ratio = Device::pixelRatio();
+    // scale() first: it reads the screen, and the ratio is known from then on.
     const int side = qRound(Device::scale(14));
+    const double ratio = Device::pixelRatio();
     QPixmap pixmap(QSize(side, side) * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
