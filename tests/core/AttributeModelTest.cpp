@@ -90,15 +90,6 @@ private slots:
         QVERIFY(!sheets->stylesheet("Paragraph", "Heading"));
     }
 
-    void environmentDefaultsCoverSampleKeys()
-    {
-        Environment::Ptr env(new Environment);
-        Sample::SampleSchema::registerDefaultAttributes(*env);
-        for (const AttributeKey &key : Sample::SampleSchema::allAttributeKeys())
-            QVERIFY2(env->defaultAttribute(key), qPrintable(key.name()));
-        QVERIFY(!env->defaultAttribute(AttributeKey("Unknown")));
-    }
-
     void servicesBehave()
     {
         UnitsPreferences prefs;

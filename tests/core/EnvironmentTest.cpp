@@ -1,12 +1,8 @@
 #include "TestPenStyleProvider.h"
 #include "TestRegistry.h"
 
-#include "core/BrushProviderQt.h"
 #include "core/Environment.h"
-#include "core/FontProviderQt.h"
-#include "core/LineHeadStyleProviderQt.h"
 #include "core/PenStyleProviderQt.h"
-#include "core/SystemFontProvider.h"
 
 #include <QTest>
 
@@ -36,20 +32,6 @@ class EnvironmentTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void standardProvidersInTheirQtForms()
-    {
-        TAutoPtr<Environment> env(new Environment);
-        QVERIFY(env->stylesheetManager());
-        const TAutoPtr<BrushProviderQt const> brushes(env->brushProvider());
-        const TAutoPtr<PenStyleProviderQt const> pens(env->penStyleProvider());
-        const TAutoPtr<LineHeadStyleProviderQt const> heads(env->lineHeadStyleProvider());
-        const TAutoPtr<FontProviderQt const> fonts(env->fontProvider());
-        QVERIFY(brushes && pens && heads && fonts);
-        QVERIFY(TAutoPtr<SystemFontProvider>(env->fontProvider()));
-        // The same provider every time, so pickers see one font set.
-        QCOMPARE(env->fontProvider(), env->fontProvider());
-    }
-
     void providersAndManagerCanBeReplaced()
     {
         TAutoPtr<Environment> env(new Environment);
@@ -59,6 +41,8 @@ private slots:
         env->setPenStyleProvider(nullptr);
         QVERIFY(env->penStyleProvider());
         QVERIFY(env->penStyleProvider() != pens);
+        // The same font provider every time, so pickers see one font set.
+        QCOMPARE(env->fontProvider(), env->fontProvider());
 
         TAutoPtr<StylesheetManager> manager(new StylesheetManager);
         env->setStylesheetManager(manager);

@@ -1,5 +1,5 @@
-// The sample document that tests and the gallery build on: every kind of property appears,
-// objects of one kind fill the same properties, and save, load, save gives the same bytes.
+// The sample document that tests and the gallery build on: save, load, save gives the same
+// bytes, and damaged input loads what it can.
 #include "TestRegistry.h"
 #include "sample/SampleDocument.h"
 #include "sample/SampleSchema.h"
@@ -12,24 +12,12 @@
 #include "core/StylesheetProperty.h"
 #include "core/UnitValueSelectorProperty.h"
 
-#include <QSet>
 #include <QTest>
 
 using namespace TavoLib;
 using namespace Sample;
 
 namespace {
-
-void collectKinds(const PropertyDictionary &d, QSet<QString> &kinds)
-{
-    for (const Property::Ptr &p : d) {
-        kinds << QString::fromLatin1(p->kindName());
-        if (GroupProperty::Ptr g = GroupProperty::Ptr(p))
-            collectKinds(*g, kinds);
-        if (ListProperty::Ptr l = ListProperty::Ptr(p))
-            kinds << QString::fromLatin1(l->masterProperty()->kindName());
-    }
-}
 
 QString textOf(const SampleDocument &doc)
 {
@@ -56,25 +44,6 @@ class SampleDocumentTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void everyKindAppears()
-    {
-        QSet<QString> kinds;
-        SampleDocument::Ptr doc = SampleDocument::makeDefault();
-        for (const SampleObject::Ptr &o : doc->objects()) {
-            PropertyDictionary d;
-            o->fillProperties(d);
-            collectKinds(d, kinds);
-        }
-        for (const AttributeKey &key : SampleSchema::allAttributeKeys())
-            collectKinds(SampleSchema::attributeSchema(key), kinds);
-        const QStringList expected{ "Property", "Integer", "Bool", "String", "Selector", "UnitValue",
-                                    "FontSize", "UnitValueSelector", "Font", "Brush", "PenStyle",
-                                    "LineHeadStyle", "CustomColor", "Stylesheet", "List", "Group",
-                                    "ActivatableGroup", "ExtendedSelector" };
-        for (const QString &kind : expected)
-            QVERIFY2(kinds.contains(kind), qPrintable(kind));
-    }
-
     void saveLoadSaveGivesSameBytes()
     {
         SampleDocument::Ptr doc = SampleDocument::makeDefault();
