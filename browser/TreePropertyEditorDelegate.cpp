@@ -7,6 +7,7 @@
 #include "propertybrowser/QtProperty.h"
 #include "style/Device.h"
 
+#include <QAbstractSpinBox>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QHeaderView>
@@ -132,6 +133,12 @@ QWidget *TreePropertyEditorDelegate::createEditor(
     if (QWidget *proxy = editor->focusProxy())
         proxy->setAccessibleName(property->propertyName());
     editor->setAutoFillBackground(true);
+    // A number is written when it is committed (Return, Tab, the focus leaving), not at each
+    // key, so that Escape can still drop what was typed.
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(editor))
+        spin->setKeyboardTracking(false);
+    for (QAbstractSpinBox *spin : editor->findChildren<QAbstractSpinBox *>())
+        spin->setKeyboardTracking(false);
     editor->installEventFilter(const_cast<TreePropertyEditorDelegate *>(this));
     for (QWidget *child : editor->findChildren<QWidget *>())
         child->installEventFilter(const_cast<TreePropertyEditorDelegate *>(this));

@@ -402,6 +402,22 @@ private slots:
         f.key(Qt::Key_Escape);
         QVERIFY(!f.editor());
         QCOMPARE(f.one->value(), QStringLiteral("1"));
+        // A number typed and then escaped is not kept either; Return keeps it.
+        f.clickValue("Count");
+        QTRY_VERIFY(f.editor());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), "42");
+        f.key(Qt::Key_Escape);
+        QVERIFY(!f.editor());
+        QCOMPARE(f.count->value(), 3);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the closed editor
+        f.clickValue("Count");
+        QTRY_VERIFY(f.editor());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), "42");
+        f.key(Qt::Key_Return);
+        QCOMPARE(f.count->value(), 42);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
         f.clickValue("Count");
         QTRY_VERIFY(f.editor());
