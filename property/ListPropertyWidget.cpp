@@ -226,10 +226,21 @@ void ListPropertyWidget::rebuild()
     }
     updateButtons();
     // Rows rebuilt in a list on screen (Add, Delete) take their place in the chain at once; a
-    // list still being built is ordered with the form that shows it (a walk over the window
-    // per list would make a large form's load quadratic).
+    // list still being built takes it when it shows, once, whatever reloads came before (a
+    // walk over the window at each reload would make a large form's load quadratic).
     if (isVisible())
         updateTabOrder();
+    else
+        mTabOrderPending = true;
+}
+
+void ListPropertyWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (mTabOrderPending) {
+        mTabOrderPending = false;
+        updateTabOrder();
+    }
 }
 
 void ListPropertyWidget::makeView()

@@ -65,6 +65,9 @@ public slots:
     // Removes the element whose "Delete" button sent this, or else the one holding focus.
     void removeCurrentEntry();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void rebuild();
     void updateButtons();
@@ -94,6 +97,8 @@ private:
     TAutoPtr<Translator const> mTranslator;
     int mViewThreshold = 50;
     bool mShowsView = false;
+    // Rows were rebuilt while hidden: they take their place in the tab chain at the next show.
+    bool mTabOrderPending = false;
 };
 
 } // namespace TavoLib

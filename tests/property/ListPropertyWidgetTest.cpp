@@ -13,6 +13,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 using namespace TavoLib;
 
@@ -133,6 +134,47 @@ private slots:
         QVERIFY(list->isUndefined());
         QVERIFY(undefined->isChecked());
         QCOMPARE(TAutoPtr<StringProperty>(list->at(0))->value(), QStringLiteral("second!"));
+    }
+
+    // In a form, Tab goes from the field before the list through its rows and buttons to the
+    // field after it, and Shift+Tab back the same way.
+    void tabFollowsTheScreenInAForm()
+    {
+        ListProperty::Ptr list(new ListProperty("names", "Names", new StringProperty("n", "Name"), 0, 9));
+        list->insertProperty(0);
+        list->insertProperty(1);
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        auto *before = new QLineEdit(&window);
+        layout->addWidget(before);
+        auto *widget = new ListPropertyWidget(&window);
+        layout->addWidget(widget);
+        auto *after = new QLineEdit(&window);
+        layout->addWidget(after);
+        widget->setValues(list);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto cell = [&](int row) { return widget->findChildren<QLineEdit *>().value(row); };
+        auto *add = widget->findChild<QToolButton *>("add");
+        const QList<QWidget *> deletes = [&] {
+            QList<QWidget *> result;
+            for (QToolButton *b : widget->findChildren<QToolButton *>("delete"))
+                result << b;
+            return result;
+        }();
+        const QList<QWidget *> expected { cell(0), deletes.value(0), cell(1), deletes.value(1), add, after };
+        before->setFocus();
+        for (QWidget *stop : expected) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), stop);
+        }
+        for (int i = expected.size() - 2; i >= 0; --i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+            QCOMPARE(QApplication::focusWidget(), expected.at(i));
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(before));
     }
 
     void aListGivenAgainOrUndefinedByItsHost()
