@@ -274,14 +274,41 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
     if (!mTreeWidget)
         return;
     // Qt walks every expanded row's persistent index at each removal from the model, so
-    // rows that go together leave it together.
-    QSet<QTreeWidgetItem *> rows;
-    bool allTopLevel = true;
+    // rows that go together leave it together. The items are distinct, and so are their
+    // rows: when they are all top-level rows and as many as the tree has, every row goes.
+    int topLevelRows = 0;
     for (QtBrowserItem *item : items) {
-        if (QTreeWidgetItem *row = treeItem(item)) {
-            rows.insert(row);
-            allTopLevel = allTopLevel && !row->parent();
+        QTreeWidgetItem *row = treeItem(item);
+        if (!row || row->parent()) {
+            topLevelRows = -1;
+            break;
         }
+        ++topLevelRows;
+    }
+    if (topLevelRows > 0 && topLevelRows == mTreeWidget->topLevelItemCount()) {
+        // Every row goes: the rows and their bookkeeping are dropped at once, and the
+        // removals the framework reports next find no row left to take. The tables go
+        // first, so that rows a listener adds while the rows leave keep theirs. The
+        // framework has let the current item go already; the tree lets it go quietly.
+        if (mTreeWidget->currentItem()) {
+            const QSignalBlocker quiet(mTreeWidget);
+            mTreeWidget->setCurrentItem(nullptr);
+        }
+        mDelegate->forgetItem(mDelegate->editedItem());
+        mIndexToItem.clear();
+        mItemToIndex.clear();
+        mIndexToBackgroundColor.clear();
+        mExpandWhenFilled.clear();
+        mMultiLineItems.clear();
+        mMultiLineRows = 0;
+        // One reset of the model: cheaper than taking the rows out as a block of removed rows.
+        mTreeWidget->clear();
+        return;
+    }
+    QSet<QTreeWidgetItem *> rows;
+    for (QtBrowserItem *item : items) {
+        if (QTreeWidgetItem *row = treeItem(item))
+            rows.insert(row);
     }
     if (rows.isEmpty())
         return;
@@ -293,20 +320,6 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
             mTreeWidget->setCurrentItem(nullptr);
             break;
         }
-    }
-    if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
-        // Every row goes: the rows and their bookkeeping are dropped at once, and the
-        // removals the framework reports next find no row left to take. The tables go
-        // first, so that rows a listener adds while the rows leave keep theirs.
-        mDelegate->forgetItem(mDelegate->editedItem());
-        mIndexToItem.clear();
-        mItemToIndex.clear();
-        mIndexToBackgroundColor.clear();
-        mExpandWhenFilled.clear();
-        mMultiLineItems.clear();
-        mMultiLineRows = 0;
-        qDeleteAll(mTreeWidget->invisibleRootItem()->takeChildren());
-        return;
     }
     for (QTreeWidgetItem *row : qAsConst(rows)) {
         // A listener told of a change of the current row may have removed rows meanwhile.

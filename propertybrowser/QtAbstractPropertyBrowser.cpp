@@ -292,12 +292,15 @@ void QtAbstractPropertyBrowserPrivate::removeAllForClear(
     }
     const QList<QtBrowserItem *> items = mTopLevelItems;
     q->itemsAboutToBeRemoved(items);
+    // The table keeps its buckets while it empties, else it rehashes each time it halves.
+    mPropertyToItems.reserve(mPropertyToItems.size());
     for (QtBrowserItem *item : items) {
         // A listener of a removal may have changed the top level meanwhile.
         if ((!mTopLevelItems.isEmpty() && mTopLevelItems.first() == item)
             || mTopLevelItems.contains(item))
             removeTree(item, false);
     }
+    mPropertyToItems.squeeze();
 }
 
 void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)

@@ -30,6 +30,8 @@ void QtAbstractPropertyManager::clear()
     // each is looked up again before it is deleted, and the loop runs until none is left.
     // Properties under no parent go first: each takes its whole tree out of the browsers in
     // one piece, and its children are then deleted where nobody shows them any more.
+    // The set keeps its buckets while it empties, else it rehashes each time it halves.
+    mProperties.reserve(mProperties.size());
     while (!mProperties.isEmpty()) {
         QList<QtProperty *> snapshot = mProperties.values();
         std::stable_partition(snapshot.begin(), snapshot.end(),
@@ -39,6 +41,7 @@ void QtAbstractPropertyManager::clear()
                 deleteProperty(property);
         }
     }
+    mProperties.squeeze();
     mClearing = wasClearing;
 }
 
