@@ -15,7 +15,7 @@ QSet<QtProperty *> QtAbstractPropertyManager::properties() const
 {
     QSet<QtProperty *> result;
     for (QtProperty *property : mProperties) {
-        if (property->mParents.isEmpty())
+        if (!property->mParent)
             result.insert(property);
     }
     return result;
@@ -35,7 +35,7 @@ void QtAbstractPropertyManager::clear()
     while (!mProperties.isEmpty()) {
         QList<QtProperty *> snapshot = mProperties.values();
         std::stable_partition(snapshot.begin(), snapshot.end(),
-            [](const QtProperty *property) { return property->mParents.isEmpty(); });
+            [](const QtProperty *property) { return !property->mParent; });
         for (QtProperty *property : qAsConst(snapshot)) {
             if (mProperties.contains(property))
                 deleteProperty(property);
