@@ -224,7 +224,7 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     QtProperty *property = item->property();
     // The row is filled before it goes into the tree: a loose row tells the view nothing,
     // while each cell set in the tree is a change the view handles one by one.
-    auto *row = new QTreeWidgetItem;
+    auto *row = new Row;
     mItemToIndex[row] = item;
     mIndexToItem[item] = row;
     row->setFlags(row->flags() | Qt::ItemIsEditable);
@@ -243,8 +243,10 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     setExpanded(
         row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(property), true));
     // The parent shows its first child now, as it was asked to when it came.
-    if (parent && mExpandWhenFilled.remove(parent))
+    if (Row *filled = rowOf(parent); filled && filled->expandWhenFilled) {
+        filled->expandWhenFilled = false;
         parent->setExpanded(true);
+    }
     // What depends on the row's place: its enabled state under its parent.
     syncEnabled(row, property);
     mTreeWidget->viewport()->update();
@@ -260,7 +262,6 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
         mTreeWidget->setCurrentItem(nullptr);
     // The open editor of the row goes with it; its address must not stand for a row.
     mDelegate->forgetItem(row);
-    mExpandWhenFilled.remove(row);
     if (mMultiLineItems.remove(row))
         --mMultiLineRows;
     mIndexToItem.remove(item);
@@ -298,7 +299,6 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
         mIndexToItem.clear();
         mItemToIndex.clear();
         mIndexToBackgroundColor.clear();
-        mExpandWhenFilled.clear();
         mMultiLineItems.clear();
         mMultiLineRows = 0;
         // One reset of the model: cheaper than taking the rows out as a block of removed rows.
@@ -338,19 +338,19 @@ void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expande
         item->setExpanded(expanded);
         return;
     }
-    if (expanded) {
-        mExpandWhenFilled.insert(item);
-    } else {
-        mExpandWhenFilled.remove(item);
-        // A row that has lost its children may still be expanded in the tree.
+    Row *row = rowOf(item);
+    if (row)
+        row->expandWhenFilled = expanded;
+    // A row that has lost its children may still be expanded in the tree.
+    if (!expanded)
         item->setExpanded(false);
-    }
 }
 
 bool TreePropertyBrowserPrivate::isExpanded(QTreeWidgetItem *item) const
 {
     // A row that lost its children stays expanded in the tree, to show the ones it gets.
-    return item->isExpanded() || mExpandWhenFilled.contains(item);
+    const Row *row = rowOf(item);
+    return item->isExpanded() || (row && row->expandWhenFilled);
 }
 
 void TreePropertyBrowserPrivate::propertyChanged(QtBrowserItem *item)
