@@ -234,11 +234,14 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
         mMultiLineItems.insert(row);
     }
     showValue(row, property);
-    // A null `after` puts the row first, as the framework means it.
-    if (parent)
-        parent->insertChild(parent->indexOfChild(after) + 1, row);
-    else
-        mTreeWidget->insertTopLevelItem(mTreeWidget->indexOfTopLevelItem(after) + 1, row);
+    // A null `after` puts the row first, as the framework means it. Rows mostly come last,
+    // so the last row is tried before Qt's search from the front (a pass over the whole
+    // level at each row of a long flat list).
+    QTreeWidgetItem *level = parent ? parent : mTreeWidget->invisibleRootItem();
+    const int last = level->childCount() - 1;
+    const int index
+        = after && last >= 0 && level->child(last) == after ? last : level->indexOfChild(after);
+    level->insertChild(index + 1, row);
     // A top-level row comes as the user left the row of its name, also one rebuilt.
     setExpanded(
         row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(property), true));
