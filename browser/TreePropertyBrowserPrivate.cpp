@@ -229,7 +229,7 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
     QtProperty *property = item->property();
     // The row is filled before it goes into the tree: a loose row tells the view nothing,
     // while each cell set in the tree is a change the view handles one by one.
-    auto *row = new QTreeWidgetItem;
+    auto *row = new Row;
     mItemToIndex[row] = item;
     mIndexToItem[item] = row;
     row->setFlags(row->flags() | Qt::ItemIsEditable);
@@ -239,17 +239,22 @@ void TreePropertyBrowserPrivate::propertyInserted(QtBrowserItem *item, QtBrowser
         mMultiLineItems.insert(row);
     }
     showValue(row, property);
-    // A null `after` puts the row first, as the framework means it.
-    if (parent)
-        parent->insertChild(parent->indexOfChild(after) + 1, row);
-    else
-        mTreeWidget->insertTopLevelItem(mTreeWidget->indexOfTopLevelItem(after) + 1, row);
+    // A null `after` puts the row first, as the framework means it. Rows mostly come last,
+    // so the last row is tried before Qt's search from the front (a pass over the whole
+    // level at each row of a long flat list).
+    QTreeWidgetItem *level = parent ? parent : mTreeWidget->invisibleRootItem();
+    const int last = level->childCount() - 1;
+    const int index
+        = after && last >= 0 && level->child(last) == after ? last : level->indexOfChild(after);
+    level->insertChild(index + 1, row);
     // A top-level row comes as the user left the row of its name, also one rebuilt.
     setExpanded(
         row, parent ? true : mBrowser->mExpansionStates.value(expansionKey(property), true));
     // The parent shows its first child now, as it was asked to when it came.
-    if (parent && mExpandWhenFilled.remove(parent))
+    if (Row *filled = rowOf(parent); filled && filled->expandWhenFilled) {
+        filled->expandWhenFilled = false;
         parent->setExpanded(true);
+    }
     // What depends on the row's place: its enabled state under its parent.
     syncEnabled(row, property);
     mTreeWidget->viewport()->update();
@@ -265,7 +270,6 @@ void TreePropertyBrowserPrivate::propertyRemoved(QtBrowserItem *item)
         mTreeWidget->setCurrentItem(nullptr);
     // The open editor of the row goes with it; its address must not stand for a row.
     mDelegate->forgetItem(row);
-    mExpandWhenFilled.remove(row);
     if (mMultiLineItems.remove(row))
         --mMultiLineRows;
     mIndexToItem.remove(item);
@@ -279,14 +283,40 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
     if (!mTreeWidget)
         return;
     // Qt walks every expanded row's persistent index at each removal from the model, so
-    // rows that go together leave it together.
-    QSet<QTreeWidgetItem *> rows;
-    bool allTopLevel = true;
+    // rows that go together leave it together. The items are distinct, and so are their
+    // rows: when they are all top-level rows and as many as the tree has, every row goes.
+    int topLevelRows = 0;
     for (QtBrowserItem *item : items) {
-        if (QTreeWidgetItem *row = treeItem(item)) {
-            rows.insert(row);
-            allTopLevel = allTopLevel && !row->parent();
+        QTreeWidgetItem *row = treeItem(item);
+        if (!row || row->parent()) {
+            topLevelRows = -1;
+            break;
         }
+        ++topLevelRows;
+    }
+    if (topLevelRows > 0 && topLevelRows == mTreeWidget->topLevelItemCount()) {
+        // Every row goes: the rows and their bookkeeping are dropped at once, and the
+        // removals the framework reports next find no row left to take. The tables go
+        // first, so that rows a listener adds while the rows leave keep theirs. The
+        // framework has let the current item go already; the tree lets it go quietly.
+        if (mTreeWidget->currentItem()) {
+            const QSignalBlocker quiet(mTreeWidget);
+            mTreeWidget->setCurrentItem(nullptr);
+        }
+        mDelegate->forgetItem(mDelegate->editedItem());
+        mIndexToItem.clear();
+        mItemToIndex.clear();
+        mIndexToBackgroundColor.clear();
+        mMultiLineItems.clear();
+        mMultiLineRows = 0;
+        // One reset of the model: cheaper than taking the rows out as a block of removed rows.
+        mTreeWidget->clear();
+        return;
+    }
+    QSet<QTreeWidgetItem *> rows;
+    for (QtBrowserItem *item : items) {
+        if (QTreeWidgetItem *row = treeItem(item))
+            rows.insert(row);
     }
     if (rows.isEmpty())
         return;
@@ -298,20 +328,6 @@ void TreePropertyBrowserPrivate::takeRows(const QList<QtBrowserItem *> &items)
             mTreeWidget->setCurrentItem(nullptr);
             break;
         }
-    }
-    if (allTopLevel && rows.size() == mTreeWidget->topLevelItemCount()) {
-        // Every row goes: the rows and their bookkeeping are dropped at once, and the
-        // removals the framework reports next find no row left to take. The tables go
-        // first, so that rows a listener adds while the rows leave keep theirs.
-        mDelegate->forgetItem(mDelegate->editedItem());
-        mIndexToItem.clear();
-        mItemToIndex.clear();
-        mIndexToBackgroundColor.clear();
-        mExpandWhenFilled.clear();
-        mMultiLineItems.clear();
-        mMultiLineRows = 0;
-        qDeleteAll(mTreeWidget->invisibleRootItem()->takeChildren());
-        return;
     }
     for (QTreeWidgetItem *row : qAsConst(rows)) {
         // A listener told of a change of the current row may have removed rows meanwhile.
@@ -330,19 +346,19 @@ void TreePropertyBrowserPrivate::setExpanded(QTreeWidgetItem *item, bool expande
         item->setExpanded(expanded);
         return;
     }
-    if (expanded) {
-        mExpandWhenFilled.insert(item);
-    } else {
-        mExpandWhenFilled.remove(item);
-        // A row that has lost its children may still be expanded in the tree.
+    Row *row = rowOf(item);
+    if (row)
+        row->expandWhenFilled = expanded;
+    // A row that has lost its children may still be expanded in the tree.
+    if (!expanded)
         item->setExpanded(false);
-    }
 }
 
 bool TreePropertyBrowserPrivate::isExpanded(QTreeWidgetItem *item) const
 {
     // A row that lost its children stays expanded in the tree, to show the ones it gets.
-    return item->isExpanded() || mExpandWhenFilled.contains(item);
+    const Row *row = rowOf(item);
+    return item->isExpanded() || (row && row->expandWhenFilled);
 }
 
 void TreePropertyBrowserPrivate::propertyChanged(QtBrowserItem *item)

@@ -93,10 +93,6 @@ public:
     QIcon mExpandIcon;
     // Set while the browser is destroyed: rows no longer follow the framework.
     bool mDestroying = false;
-    // Rows that are to be expanded and have no children yet. Qt keeps every expanded row as
-    // a persistent index, which each insertion and removal of a row walks; so a row is only
-    // expanded in the tree once it has a child to show.
-    QSet<QTreeWidgetItem *> mExpandWhenFilled;
     // Rows of multi-line texts, whose height follows the width of the value column.
     int mMultiLineRows = 0;
     QSet<QTreeWidgetItem *> mMultiLineItems;

@@ -7,8 +7,27 @@
 #include "core/StringProperty.h"
 
 #include <QTextEdit>
+#include <QTreeWidgetItem>
 
 namespace TavoLib::TreeRows {
+
+// A row of the tree. It also knows whether it is to be expanded once it has a child to
+// show: nearly every row is asked to be, and a flag here costs no heap, where a set of
+// such rows cost a node per row. (Qt keeps every expanded row as a persistent index,
+// which each insertion and removal walks; so a row is expanded only once it has a child.)
+class Row : public QTreeWidgetItem
+{
+public:
+    static constexpr int Type = QTreeWidgetItem::UserType + 1;
+    Row() : QTreeWidgetItem(Type) { }
+    bool expandWhenFilled = false;
+};
+
+// The row behind a tree item, or null for an item the browser did not make.
+inline Row *rowOf(QTreeWidgetItem *item)
+{
+    return item && item->type() == Row::Type ? static_cast<Row *>(item) : nullptr;
+}
 
 // The string behind a row, when the row shows one.
 inline TAutoPtr<const StringProperty> stringOf(const QtProperty *property)

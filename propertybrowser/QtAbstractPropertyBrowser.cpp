@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QVarLengthArray>
 #include <vector>
 
 namespace {
@@ -52,15 +53,56 @@ public:
         return item->mParent ? item->mParent->mChildren : mTopLevelItems;
     }
 
+    // The first item of the property, or null; the others follow through mNextOfProperty.
+    QtBrowserItem *firstItem(const QtProperty *property) const
+    {
+        return mPropertyToItems.value(const_cast<QtProperty *>(property));
+    }
+    using ItemList = QVarLengthArray<QtBrowserItem *, 4>;
+    // The property's items as they are now, for calls that may change them.
+    ItemList itemsOf(const QtProperty *property) const
+    {
+        ItemList items;
+        for (QtBrowserItem *item = firstItem(property); item; item = item->mNextOfProperty)
+            items.append(item);
+        return items;
+    }
+    // Puts a new item last among its property's items.
+    void link(QtBrowserItem *item)
+    {
+        QtBrowserItem *&first = mPropertyToItems[item->mProperty];
+        QtBrowserItem **slot = &first;
+        while (*slot)
+            slot = &(*slot)->mNextOfProperty;
+        *slot = item;
+    }
+    void unlink(QtBrowserItem *item)
+    {
+        const auto found = mPropertyToItems.find(item->mProperty);
+        if (found == mPropertyToItems.end())
+            return;
+        if (*found == item) {
+            if (item->mNextOfProperty)
+                *found = item->mNextOfProperty;
+            else
+                mPropertyToItems.erase(found);
+        } else {
+            for (QtBrowserItem *before = *found; before; before = before->mNextOfProperty) {
+                if (before->mNextOfProperty == item) {
+                    before->mNextOfProperty = item->mNextOfProperty;
+                    break;
+                }
+            }
+        }
+        item->mNextOfProperty = nullptr;
+    }
+
     // The item of the property at the top level, or null.
     QtBrowserItem *topLevelItem(QtProperty *property) const
     {
-        const auto found = mPropertyToItems.constFind(property);
-        if (found != mPropertyToItems.constEnd()) {
-            for (QtBrowserItem *item : *found) {
-                if (!item->mParent)
-                    return item;
-            }
+        for (QtBrowserItem *item = firstItem(property); item; item = item->mNextOfProperty) {
+            if (!item->mParent)
+                return item;
         }
         return nullptr;
     }
@@ -77,9 +119,11 @@ public:
     // Whether `item` is still one of the property's items; the pointers are only compared.
     bool holds(const QtProperty *property, const QtBrowserItem *item) const
     {
-        const auto found = mPropertyToItems.constFind(const_cast<QtProperty *>(property));
-        return found != mPropertyToItems.constEnd()
-            && found->contains(const_cast<QtBrowserItem *>(item));
+        for (const QtBrowserItem *held = firstItem(property); held; held = held->mNextOfProperty) {
+            if (held == item)
+                return true;
+        }
+        return false;
     }
     void releaseCurrentItem()
     {
@@ -89,7 +133,8 @@ public:
 
     QtAbstractPropertyBrowser *q;
     QList<QtBrowserItem *> mTopLevelItems;
-    QHash<QtProperty *, QList<QtBrowserItem *>> mPropertyToItems;
+    // The first item of each property shown.
+    QHash<QtProperty *, QtBrowserItem *> mPropertyToItems;
     QHash<QtAbstractPropertyManager *, QPointer<QtAbstractEditorFactoryBase>> mFactories;
     QList<QtAbstractPropertyManager *> mManagers;
     QtBrowserItem *mCurrentItem = nullptr;
@@ -130,7 +175,7 @@ QtBrowserItem *QtAbstractPropertyBrowserPrivate::insertTree(
 
         auto *item = new QtBrowserItem(q, next.property, next.parent);
         siblings.insert(position, item);
-        mPropertyToItems[next.property].append(item);
+        link(item);
         watchManager(next.property->propertyManager());
         if (first) {
             root = item;
@@ -190,12 +235,7 @@ void QtAbstractPropertyBrowserPrivate::removeTree(QtBrowserItem *item, bool anno
         const int index = indexIn(siblings, done);
         if (index >= 0)
             siblings.removeAt(index);
-        auto found = mPropertyToItems.find(done->mProperty);
-        if (found != mPropertyToItems.end()) {
-            found->removeOne(done);
-            if (found->isEmpty())
-                mPropertyToItems.erase(found);
-        }
+        unlink(done);
         delete done;
     }
 }
@@ -230,7 +270,7 @@ void QtAbstractPropertyBrowserPrivate::propertyInserted(
 {
     if (!parent)
         return;
-    const auto parentItems = mPropertyToItems.value(parent);
+    const ItemList parentItems = itemsOf(parent);
     for (QtBrowserItem *parentItem : parentItems) {
         QtBrowserItem *afterItem = nullptr;
         if (after) {
@@ -252,8 +292,11 @@ void QtAbstractPropertyBrowserPrivate::propertyInserted(
 
 void QtAbstractPropertyBrowserPrivate::propertyRemoved(QtProperty *property, QtProperty *parent)
 {
-    const auto items = mPropertyToItems.value(property);
+    const ItemList items = itemsOf(property);
     for (QtBrowserItem *item : items) {
+        // A listener of an earlier removal may have taken this item already.
+        if (!holds(property, item))
+            continue;
         if (item->mParent && item->mParent->mProperty == parent)
             removeTree(item);
     }
@@ -261,9 +304,12 @@ void QtAbstractPropertyBrowserPrivate::propertyRemoved(QtProperty *property, QtP
 
 void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
 {
-    const auto items = mPropertyToItems.value(property);
-    for (QtBrowserItem *item : items)
-        q->itemChanged(item);
+    const ItemList items = itemsOf(property);
+    for (int i = 0; i < items.size(); ++i) {
+        // A subclass told of one item may have removed the others.
+        if (i == 0 || holds(property, items[i]))
+            q->itemChanged(items[i]);
+    }
 }
 
 void QtAbstractPropertyBrowserPrivate::removeAllForClear(
@@ -292,12 +338,15 @@ void QtAbstractPropertyBrowserPrivate::removeAllForClear(
     }
     const QList<QtBrowserItem *> items = mTopLevelItems;
     q->itemsAboutToBeRemoved(items);
+    // The table keeps its buckets while it empties, else it rehashes each time it halves.
+    mPropertyToItems.reserve(mPropertyToItems.size());
     for (QtBrowserItem *item : items) {
         // A listener of a removal may have changed the top level meanwhile.
         if ((!mTopLevelItems.isEmpty() && mTopLevelItems.first() == item)
             || mTopLevelItems.contains(item))
             removeTree(item, false);
     }
+    mPropertyToItems.squeeze();
 }
 
 void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
@@ -307,12 +356,8 @@ void QtAbstractPropertyBrowserPrivate::propertyDestroyed(QtProperty *property)
         removeAllForClear(manager, property);
     // Each removal may take further items of the property with it, when one place stands
     // inside another; so the list is read again after each.
-    while (true) {
-        const auto found = mPropertyToItems.constFind(property);
-        if (found == mPropertyToItems.constEnd() || found->isEmpty())
-            break;
-        removeTree(found->first());
-    }
+    while (QtBrowserItem *first = firstItem(property))
+        removeTree(first);
 }
 
 QtAbstractPropertyBrowser::QtAbstractPropertyBrowser(QWidget *parent)
@@ -326,9 +371,12 @@ QtAbstractPropertyBrowser::~QtAbstractPropertyBrowser()
     // the managers and factories stop talking to this browser before the base widget goes.
     for (QtAbstractPropertyManager *manager : qAsConst(d->mManagers))
         disconnect(manager, nullptr, this, nullptr);
-    for (const auto &items : qAsConst(d->mPropertyToItems)) {
-        for (QtBrowserItem *item : items)
+    for (QtBrowserItem *first : qAsConst(d->mPropertyToItems)) {
+        for (QtBrowserItem *item = first; item;) {
+            QtBrowserItem *next = item->mNextOfProperty;
             delete item;
+            item = next;
+        }
     }
     d->mPropertyToItems.clear();
     d->mTopLevelItems.clear();
@@ -351,7 +399,10 @@ QList<QtBrowserItem *> QtAbstractPropertyBrowser::topLevelItems() const
 
 QList<QtBrowserItem *> QtAbstractPropertyBrowser::items(QtProperty *property) const
 {
-    return d->mPropertyToItems.value(property);
+    QList<QtBrowserItem *> result;
+    for (QtBrowserItem *item = d->firstItem(property); item; item = item->mNextOfProperty)
+        result.append(item);
+    return result;
 }
 
 QtBrowserItem *QtAbstractPropertyBrowser::addProperty(QtProperty *property)
@@ -393,8 +444,7 @@ void QtAbstractPropertyBrowser::setCurrentItem(QtBrowserItem *item)
     if (item) {
         if (item->browser() != this)
             return;
-        const auto found = d->mPropertyToItems.constFind(item->property());
-        if (found == d->mPropertyToItems.constEnd() || !found->contains(item))
+        if (!d->holds(item->property(), item))
             return;
     }
     d->mCurrentItem = item;

@@ -15,7 +15,7 @@ QSet<QtProperty *> QtAbstractPropertyManager::properties() const
 {
     QSet<QtProperty *> result;
     for (QtProperty *property : mProperties) {
-        if (property->mParents.isEmpty())
+        if (!property->mParent)
             result.insert(property);
     }
     return result;
@@ -30,15 +30,18 @@ void QtAbstractPropertyManager::clear()
     // each is looked up again before it is deleted, and the loop runs until none is left.
     // Properties under no parent go first: each takes its whole tree out of the browsers in
     // one piece, and its children are then deleted where nobody shows them any more.
+    // The set keeps its buckets while it empties, else it rehashes each time it halves.
+    mProperties.reserve(mProperties.size());
     while (!mProperties.isEmpty()) {
         QList<QtProperty *> snapshot = mProperties.values();
         std::stable_partition(snapshot.begin(), snapshot.end(),
-            [](const QtProperty *property) { return property->mParents.isEmpty(); });
+            [](const QtProperty *property) { return !property->mParent; });
         for (QtProperty *property : qAsConst(snapshot)) {
             if (mProperties.contains(property))
                 deleteProperty(property);
         }
     }
+    mProperties.squeeze();
     mClearing = wasClearing;
 }
 

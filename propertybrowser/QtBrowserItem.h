@@ -31,4 +31,7 @@ private:
     QtProperty *mProperty;
     QtBrowserItem *mParent;
     QList<QtBrowserItem *> mChildren;
+    // The next item of the same property in this browser, in the order they came: the
+    // browser's table holds only the first, so that a property at one place needs no list.
+    QtBrowserItem *mNextOfProperty = nullptr;
 };

@@ -51,8 +51,8 @@ void QtProperty::detach()
     // Also for a copy the manager does not own: a browser may show it all the same.
     if (mManager)
         emit mManager->propertyDestroyed(this);
-    while (!mParents.isEmpty())
-        mParents.first()->removeSubProperty(this);
+    while (mParent)
+        mParent->removeSubProperty(this);
     while (!mChildren.isEmpty())
         removeSubProperty(mChildren.first());
 }
@@ -116,13 +116,18 @@ bool QtProperty::isAncestorOf(const QtProperty *property) const
     while (!pending.empty()) {
         const QtProperty *current = pending.back();
         pending.pop_back();
-        for (const QtProperty *parent : current->mParents) {
-            if (parent == this)
-                return true;
-            if (!seen.contains(parent)) {
+        const auto visit = [&](const QtProperty *parent) {
+            if (parent != this && !seen.contains(parent)) {
                 seen.insert(parent);
                 pending.push_back(parent);
             }
+            return parent == this;
+        };
+        if (current->mParent && visit(current->mParent))
+            return true;
+        for (const QtProperty *parent : current->mMoreParents) {
+            if (visit(parent))
+                return true;
         }
     }
     return false;
@@ -133,7 +138,7 @@ void QtProperty::insertSubProperty(QtProperty *property, QtProperty *after)
     if (!property || property == this || mDetached || property->mDetached)
         return;
     // Only a property with children can be an ancestor; a fresh leaf skips the walk.
-    if (property->mParents.contains(this)
+    if (property->hasParent(this)
         || (!property->mChildren.isEmpty() && property->isAncestorOf(this)))
         return;
 
@@ -145,14 +150,14 @@ void QtProperty::insertSubProperty(QtProperty *property, QtProperty *after)
     }
     QtProperty *const previous = position > 0 ? mChildren.at(position - 1) : nullptr;
     mChildren.insert(position, property);
-    property->mParents.append(this);
+    property->addParent(this);
     if (mManager)
         emit mManager->propertyInserted(property, this, previous);
 }
 
 void QtProperty::removeSubProperty(QtProperty *property)
 {
-    if (!property || !property->mParents.contains(this))
+    if (!property || !property->hasParent(this))
         return;
     // Listeners hear of the removal while the child still stands here, so that a browser can
     // still count it among its siblings.
@@ -163,5 +168,21 @@ void QtProperty::removeSubProperty(QtProperty *property)
     if (index < 0)
         return;
     mChildren.removeAt(index);
-    property->mParents.removeOne(this);
+    property->removeParent(this);
+}
+
+void QtProperty::addParent(QtProperty *parent)
+{
+    if (!mParent)
+        mParent = parent;
+    else
+        mMoreParents.append(parent);
+}
+
+void QtProperty::removeParent(QtProperty *parent)
+{
+    if (mParent == parent)
+        mParent = mMoreParents.isEmpty() ? nullptr : mMoreParents.takeFirst();
+    else
+        mMoreParents.removeOne(parent);
 }

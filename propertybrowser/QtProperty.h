@@ -59,6 +59,15 @@ private:
     friend class QtAbstractPropertyManager;
 
     bool isAncestorOf(const QtProperty *property) const;
+    bool hasParent(const QtProperty *parent) const
+    {
+        return parent
+            && (mParent == parent
+                || (!mMoreParents.isEmpty()
+                    && mMoreParents.contains(const_cast<QtProperty *>(parent))));
+    }
+    void addParent(QtProperty *parent);
+    void removeParent(QtProperty *parent);
     // Emits the destroyed signal and unlinks from parents and children, once.
     void detach();
 
@@ -69,6 +78,9 @@ private:
     bool mModified = false;
     bool mOwned = false; // registered with the manager, which will delete it
     bool mDetached = false;
-    QList<QtProperty *> mParents;
+    // The parents, in the order they came: the first here, any others in mMoreParents, so
+    // that a property under one parent (nearly all) needs no list.
+    QtProperty *mParent = nullptr;
+    QList<QtProperty *> mMoreParents;
     QList<QtProperty *> mChildren;
 };

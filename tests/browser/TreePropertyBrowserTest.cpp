@@ -337,6 +337,30 @@ private slots:
         QVERIFY(!row->isExpanded());
     }
 
+    // Rows stand where the framework puts their items: first, after a row in the middle, last.
+    void rowsTakeTheirPlaces()
+    {
+        Tree t;
+        const auto add = [&](const QString &label) {
+            return t.manager->addProperty(new IntegerProperty(label, label, 1, 0, 9), new Sample::EmptyObject);
+        };
+        const auto texts = [](QTreeWidgetItem *level) {
+            QStringList result;
+            for (int i = 0; i < level->childCount(); ++i)
+                result << level->child(i)->text(0);
+            return result;
+        };
+        QtProperty *first = add("First");
+        t.browser->insertProperty(first, nullptr);
+        t.browser->insertProperty(add("Middle"), first);
+        t.browser->addProperty(add("Last"));
+        QtProperty *box = t.item("Box")->property();
+        box->insertSubProperty(add("Inner"), box->subProperties().first());
+        box->addSubProperty(add("Bottom"));
+        QCOMPARE(texts(t.tree()->invisibleRootItem()), QStringList({ "First", "Middle", "Box", "Name", "Last" }));
+        QCOMPARE(texts(t.row("Box")), QStringList({ "Shown", "Inner", "Count", "Bottom" }));
+    }
+
     // Every key that moves the current row, in an editor or in the tree, leaves the editor
     // on the new row; nothing is written to the log.
     void keysMoveTheEditorAlong()

@@ -114,6 +114,14 @@ private slots:
             QStringList(
                 { "-right/shared/extra of 2", "-right/shared/leaf of 1", "-right/shared of 1" }));
         QCOMPARE(paths(browser.items(shared)), QStringList({ "left/shared", "shared" }));
+        // The first place goes: the later ones stay, in order, and still hear of changes.
+        shared->insertSubProperty(manager.addProperty("more"), extra);
+        browser.takeLog();
+        left->removeSubProperty(shared);
+        QCOMPARE(paths(browser.items(shared)), QStringList({ "shared" }));
+        QCOMPARE(paths(browser.items(leaf)), QStringList({ "shared/leaf" }));
+        manager.setValue(leaf, "2");
+        QCOMPARE(browser.takeLog().last(), QString("~shared/leaf"));
 
         // Deleting the property takes all its places with it.
         delete shared;

@@ -106,6 +106,19 @@ private slots:
         QCOMPARE(names(parent->subProperties()), QStringList({ "b", "d" }));
         QVERIFY(other->subProperties().isEmpty());
         QVERIFY(manager.properties().contains(stranger));
+
+        // When its first parent lets it go, the second still counts as its parent, and as
+        // its ancestor against cycles.
+        parent->addSubProperty(stranger);
+        other->addSubProperty(stranger);
+        parent->removeSubProperty(stranger);
+        QVERIFY(!manager.properties().contains(stranger));
+        stranger->addSubProperty(other);
+        QVERIFY(stranger->subProperties().isEmpty());
+        other->addSubProperty(stranger);
+        QCOMPARE(names(other->subProperties()), QStringList({ "stranger" }));
+        other->removeSubProperty(stranger);
+        QVERIFY(manager.properties().contains(stranger));
     }
 
     void copiesStandOutsideTheTree()
