@@ -5,6 +5,7 @@
 #include "style/Device.h"
 #include "widgets/WindowButton.h"
 #include "TestRegistry.h"
+#include "TitleBarPalette.h"
 
 #include <QApplication>
 #include <QDockWidget>
@@ -18,27 +19,10 @@
 
 namespace {
 
-// A frameless palette: a title bar over a text field.
-struct Palette
+// The shared palette, active as a user's window would be.
+struct Palette : TitleBarPalette
 {
-    QWidget window;
-    OmaTitleBar *bar;
-    QTextEdit *content;
-    Palette()
-    {
-        window.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
-        window.setWindowTitle(QStringLiteral("Swatches"));
-        auto *layout = new QVBoxLayout(&window);
-        layout->setContentsMargins(0, 0, 0, 0);
-        bar = new OmaTitleBar;
-        content = new QTextEdit;
-        layout->addWidget(bar);
-        layout->addWidget(content);
-        bar->setContentWidget(content);
-        window.setGeometry(100, 100, 240, 200);
-        window.show();
-        QApplication::setActiveWindow(&window);
-    }
+    Palette() { QApplication::setActiveWindow(&window); }
 };
 
 void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &global, Qt::MouseButtons buttons)
@@ -105,7 +89,6 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&p.window));
         QPointer<QWidget> window(&p.window);
         // Tab order: the field, then the bar, its buttons from the left.
-        p.content->setTabChangesFocus(true);
         p.content->setFocus();
         QTest::keyClick(p.content, Qt::Key_Tab);
         QVERIFY(p.bar->hasFocus());

@@ -5,6 +5,7 @@
 // Run by tests/menus/xcb/run-under-xvfb.sh; with TAVO_TEST_WM set, this program starts that
 // window manager before the application and stops it at the end (skipped when not installed).
 #include "TestRegistry.h"
+#include "TitleBarPalette.h"
 #include "XServerProbe.h"
 #include "style/Device.h"
 #include "widgets/OmaTitleBar.h"
@@ -42,27 +43,9 @@ struct ButtonCount : QObject
     }
 };
 
-// A frameless palette: a title bar over a text field.
-struct Palette
+// The shared palette, placed on the X server.
+struct Palette : TitleBarPalette
 {
-    QWidget window;
-    OmaTitleBar *bar;
-    QTextEdit *content;
-    Palette()
-    {
-        window.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
-        window.setWindowTitle(QStringLiteral("Swatches"));
-        auto *layout = new QVBoxLayout(&window);
-        layout->setContentsMargins(0, 0, 0, 0);
-        bar = new OmaTitleBar;
-        content = new QTextEdit;
-        content->setTabChangesFocus(true);
-        layout->addWidget(bar);
-        layout->addWidget(content);
-        bar->setContentWidget(content);
-        window.setGeometry(100, 100, 240, 200);
-        window.show();
-    }
     // Where a point of a child is on the screen, from the window's place on the server.
     QPoint onScreen(const XServerProbe &x, QWidget *child, const QPoint &at) const
     {
