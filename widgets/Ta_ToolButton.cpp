@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEngine>
-#include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
@@ -14,7 +13,6 @@ using TavoLib::Device;
 
 namespace {
 const char kColorize[] = "COLORIZEICON";
-
 } // namespace
 
 Ta_ToolButton::Ta_ToolButton(QWidget *parent) : QToolButton(parent)
